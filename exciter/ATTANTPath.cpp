@@ -1,0 +1,77 @@
+#include "ATTANTPath.h"
+
+#include "RecordFormat.h"
+#include "RecordMessages.h"
+
+namespace KELMORA {
+
+namespace {
+
+const QString kObjectName = QStringLiteral("ATTANTPath");
+const QString kSwitchNames[] = {QStringLiteral("ATT1"), QStringLiteral("ATT2"),
+                                QStringLiteral("ATT3"), QStringLiteral("ATT4"),
+                                QStringLiteral("ATT5"), QStringLiteral("ATT6")};
+
+} // namespace
+
+ATTANTPath::ATTANTPath() { SetObjectName(kObjectName); }
+
+ATTANTPath::ATTANTPath(const ATTANTPath& other) = default;
+
+ATTANTPath& ATTANTPath::operator=(const ATTANTPath& other) = default;
+
+ATTANTPath::~ATTANTPath() = default;
+
+bool ATTANTPath::HasData() const {
+    for (const QString& text : m_switches) {
+        if (text.isEmpty())
+            return false;
+    }
+    return true;
+}
+
+bool ATTANTPath::AnyData() const {
+    for (const QString& text : m_switches) {
+        if (!text.isEmpty())
+            return true;
+    }
+    return false;
+}
+
+void ATTANTPath::Reset() {
+    for (QString& text : m_switches)
+        text.clear();
+}
+
+void ATTANTPath::Check() const {
+    for (int position = 0; position < SwitchCount; ++position) {
+        if (m_switches[position].isEmpty())
+            throw RecordMessages::PleaseSet(GetObjectName(), kSwitchNames[position]);
+    }
+}
+
+void ATTANTPath::GetXml(QXmlStreamWriter& writer) const {
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    for (int position = 0; position < SwitchCount; ++position)
+        writer.writeTextElement(kSwitchNames[position], m_switches[position]);
+    writer.writeEndElement();
+}
+
+void ATTANTPath::ProcessXmlStartElement(QXmlStreamReader& reader) {
+    const QString child = reader.name().toString();
+    for (int position = 0; position < SwitchCount; ++position) {
+        if (child == kSwitchNames[position]) {
+            m_switches[position] = GetTextValue(reader);
+            return;
+        }
+    }
+    throw RecordMessages::UnknownTag(child, GetObjectName());
+}
+
+bool ATTANTPath::IsOn(int position) const { return RecordFormat::IsTrue(m_switches[position]); }
+
+void ATTANTPath::SetSwitch(int position, bool on) { m_switches[position] = RecordFormat::Flag(on); }
+
+} // namespace KELMORA

@@ -1,0 +1,375 @@
+#include "IKMObject.h"
+
+#include <QBuffer>
+#include <QSaveFile>
+
+#include <cmath>
+#include <limits>
+
+namespace KELMORA {
+
+namespace {
+
+const quint32 kFrameMagic = 0x4B4D4F42;           // "KMOB"
+const quint32 kCompressedFrameMagic = 0x4B4D4F5A; // "KMOZ"
+const quint16 kFrameFormatVersion = 1;
+const QDataStream::Version kStreamVersion = QDataStream::Qt_5_15;
+
+const int kInvalidInt = std::numeric_limits<int>::min();
+const long long kInvalidLongLong = std::numeric_limits<long long>::min();
+
+// Restores a counter when leaving a scope, also by an exception.
+class NestingGuard {
+public:
+    explicit NestingGuard(int& counter) : m_counter(counter) { ++m_counter; }
+    ~NestingGuard() { --m_counter; }
+    NestingGuard(const NestingGuard&) = delete;
+    NestingGuard& operator=(const NestingGuard&) = delete;
+
+private:
+    int& m_counter;
+};
+
+[[noreturn]] void ThrowReaderError(const QXmlStreamReader& reader) {
+    throw KMException(QStringLiteral("XML error: %1 (line %2, column %3)")
+                          .arg(reader.errorString(), QString::number(reader.lineNumber()),
+                               QString::number(reader.columnNumber())));
+}
+
+void ThrowIfReaderFailed(const QXmlStreamReader& reader) {
+    if (reader.hasError())
+        ThrowReaderError(reader);
+}
+
+} // namespace
+
+IKMObject::IKMObject()
+    : m_objectType(OBJECT_TYPE_NONE), m_validate(false), m_logger(nullptr),
+      m_processXmlNesting(0) {}
+
+IKMObject::IKMObject(ObjectTypes type)
+    : m_objectType(type), m_validate(false), m_logger(nullptr), m_processXmlNesting(0) {}
+
+IKMObject::IKMObject(const IKMObject& other)
+    : m_objectType(other.m_objectType), m_objectName(other.m_objectName),
+      m_validate(other.m_validate), m_logger(other.m_logger), m_processXmlNesting(0) {}
+
+IKMObject& IKMObject::operator=(const IKMObject& other) {
+    m_objectType = other.m_objectType;
+    m_objectName = other.m_objectName;
+    m_validate = other.m_validate;
+    m_logger = other.m_logger;
+    return *this;
+}
+
+IKMObject::~IKMObject() = default;
+
+bool IKMObject::HasData() const { return false; }
+
+void IKMObject::Reset() {}
+
+bool IKMObject::Check(bool throwOnFailure) const {
+    try {
+        Check();
+    } catch (const KMException&) {
+        if (throwOnFailure)
+            throw;
+        return false;
+    }
+    return true;
+}
+
+void IKMObject::Check() const {}
+
+bool IKMObject::IsValid(float value) const { return value != InvalidFloat; }
+bool IKMObject::IsValid(bool value) const { return value; }
+bool IKMObject::IsValid(unsigned int value) const { return value != InvalidUnsignedInt; }
+bool IKMObject::IsValid(long long value) const { return value != kInvalidLongLong; }
+bool IKMObject::IsValid(const QDateTime& value) const { return value.isValid(); }
+bool IKMObject::IsValid(const QString& value) const { return !value.isEmpty(); }
+bool IKMObject::IsValid(double value) const { return value != InvalidDouble; }
+bool IKMObject::IsValid(int value) const { return value != kInvalidInt; }
+
+void IKMObject::SetInvalid(float& value) const { value = InvalidFloat; }
+void IKMObject::SetInvalid(unsigned int& value) const { value = InvalidUnsignedInt; }
+void IKMObject::SetInvalid(long long& value) const { value = kInvalidLongLong; }
+void IKMObject::SetInvalid(QString& value) const { value.clear(); }
+void IKMObject::SetInvalid(double& value) const { value = InvalidDouble; }
+void IKMObject::SetInvalid(int& value) const { value = kInvalidInt; }
+
+void IKMObject::GetXml(QXmlStreamWriter&) const {}
+
+void IKMObject::GetBinary(QDataStream& out) const { out << GetXmlString().toUtf8(); }
+
+void IKMObject::SetBinary(QDataStream& in) {
+    QByteArray xml;
+    in >> xml;
+    if (in.status() != QDataStream::Ok)
+        throw KMException(QStringLiteral("%1: binary payload is truncated").arg(GetObjectName()));
+    SetXmlString(QString::fromUtf8(xml));
+}
+
+void IKMObject::SetXmlString(const QString& xml) {
+    QXmlStreamReader reader(xml);
+    ReadDocument(reader, m_validate);
+}
+
+void IKMObject::SetBinaryRepresentation(const QByteArray& data) {
+    QDataStream in(data);
+    SetBinaryRepresentation(in);
+}
+
+void IKMObject::SetBinaryRepresentation(QDataStream& in) {
+    in.setVersion(kStreamVersion);
+    quint32 magic = 0;
+    in >> magic;
+    if (magic == kFrameMagic) {
+        ReadBinaryFrame(in);
+        return;
+    }
+    if (magic == kCompressedFrameMagic) {
+        QByteArray compressed;
+        in >> compressed;
+        const QByteArray frame = in.status() == QDataStream::Ok && !compressed.isEmpty()
+                                     ? qUncompress(compressed)
+                                     : QByteArray();
+        if (frame.isEmpty())
+            throw KMException(
+                QStringLiteral("%1: compressed binary representation is corrupt")
+                    .arg(GetObjectName()));
+        QDataStream inner(frame);
+        inner.setVersion(kStreamVersion);
+        inner >> magic;
+        if (magic != kFrameMagic)
+            throw KMException(
+                QStringLiteral("%1: compressed binary representation is corrupt")
+                    .arg(GetObjectName()));
+        ReadBinaryFrame(inner);
+        return;
+    }
+    throw KMException(
+        QStringLiteral("%1: data is not a binary representation of a record").arg(GetObjectName()));
+}
+
+void IKMObject::ReadBinaryFrame(QDataStream& in) {
+    quint16 formatVersion = 0;
+    QString objectName;
+    in >> formatVersion >> objectName;
+    if (in.status() != QDataStream::Ok)
+        throw KMException(
+            QStringLiteral("%1: binary representation is truncated").arg(GetObjectName()));
+    if (formatVersion != kFrameFormatVersion)
+        throw KMException(QStringLiteral("%1: unsupported binary format version %2")
+                              .arg(GetObjectName())
+                              .arg(formatVersion));
+    if (objectName != GetObjectName())
+        throw KMException(QStringLiteral("%1: binary representation holds '%2'")
+                              .arg(GetObjectName(), objectName));
+    SetBinary(in);
+}
+
+void IKMObject::MergeKMObject(const IKMObject& other) {
+    if (other.GetObjectName() != GetObjectName())
+        throw KMException(QStringLiteral("%1: cannot merge '%2'")
+                              .arg(GetObjectName(), other.GetObjectName()));
+    if (&other == this)
+        return;
+    QXmlStreamReader reader(other.GetXmlString());
+    if (!reader.readNextStartElement())
+        return; // The other record writes nothing: there is nothing to merge.
+    ProcessXml(reader);
+    ThrowIfReaderFailed(reader);
+}
+
+ObjectTypes IKMObject::GetObjectType() const { return m_objectType; }
+
+QString IKMObject::GetObjectName() const {
+    return m_objectName.isEmpty() ? GetObjectTypeName(m_objectType) : m_objectName;
+}
+
+void IKMObject::ProcessXml(QXmlStreamReader& reader) {
+    if (m_processXmlNesting >= MaxProcessXmlNesting)
+        throw KMException(QStringLiteral("%1: elements nested too deeply (line %2)")
+                              .arg(GetObjectName())
+                              .arg(reader.lineNumber()));
+    NestingGuard guard(m_processXmlNesting);
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        ThrowIfReaderFailed(reader);
+        if (token == QXmlStreamReader::EndElement)
+            return;
+        if (token != QXmlStreamReader::StartElement)
+            continue;
+        const qint64 childStart = reader.characterOffset();
+        ProcessXmlStartElement(reader);
+        ThrowIfReaderFailed(reader);
+        const bool childUntouched = reader.tokenType() == QXmlStreamReader::StartElement &&
+                                    reader.characterOffset() == childStart;
+        if (childUntouched) {
+            reader.skipCurrentElement();
+            ThrowIfReaderFailed(reader);
+        }
+    }
+    ThrowIfReaderFailed(reader);
+    throw KMException(QStringLiteral("XML error: %1 ended before its end element (line %2)")
+                          .arg(GetObjectName())
+                          .arg(reader.lineNumber()));
+}
+
+QString IKMObject::GetXmlString() const { return QString::fromUtf8(WriteDocument()); }
+
+void IKMObject::GetBinaryRepresentation(QDataStream& out) const {
+    out.setVersion(kStreamVersion);
+    out << kFrameMagic << kFrameFormatVersion << GetObjectName();
+    GetBinary(out);
+}
+
+QByteArray IKMObject::GetBinaryRepresentationAsQByteArray() const {
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    GetBinaryRepresentation(out);
+    return data;
+}
+
+void IKMObject::GetCompressedBinaryRepresentation(QDataStream& out) const {
+    out.setVersion(kStreamVersion);
+    out << kCompressedFrameMagic << qCompress(GetBinaryRepresentationAsQByteArray());
+}
+
+QByteArray IKMObject::GetCompressedBinaryRepresentationAsQByteArray() const {
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    GetCompressedBinaryRepresentation(out);
+    return data;
+}
+
+void IKMObject::LoadXml(const QString& fileName) {
+    QFile file(fileName);
+    LoadXml(file);
+}
+
+void IKMObject::LoadXml(QFile& file) {
+    try {
+        if (!file.isOpen() && !file.open(QIODevice::ReadOnly))
+            throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
+                                  .arg(file.fileName(), file.errorString()));
+        if (!file.isReadable())
+            throw KMException(
+                QStringLiteral("Cannot read '%1': it is not open for reading").arg(file.fileName()));
+        QXmlStreamReader reader(&file);
+        ReadDocument(reader, m_validate);
+    } catch (const KelmoraException& failure) {
+        LogFailure(QStringLiteral("LoadXml '%1'").arg(file.fileName()), failure);
+        throw;
+    }
+}
+
+void IKMObject::LoadBinary(const QString& fileName) {
+    try {
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly))
+            throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
+                                  .arg(fileName, file.errorString()));
+        SetBinaryRepresentation(file.readAll());
+    } catch (const KelmoraException& failure) {
+        LogFailure(QStringLiteral("LoadBinary '%1'").arg(fileName), failure);
+        throw;
+    }
+}
+
+void IKMObject::SaveXml(const QString& fileName) const {
+    try {
+        if (m_validate)
+            Check();
+        const QByteArray document = WriteDocument();
+        QXmlStreamReader probe(document);
+        if (!probe.readNextStartElement())
+            throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
+                                  .arg(fileName, GetObjectName()));
+        QSaveFile file(fileName);
+        if (!file.open(QIODevice::WriteOnly))
+            throw KMException(QStringLiteral("Cannot open '%1' for writing: %2")
+                                  .arg(fileName, file.errorString()));
+        if (file.write(document) != document.size() || !file.commit())
+            throw KMException(
+                QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
+    } catch (const KelmoraException& failure) {
+        LogFailure(QStringLiteral("SaveXml '%1'").arg(fileName), failure);
+        throw;
+    }
+}
+
+void IKMObject::SetValidate(bool validate) { m_validate = validate; }
+
+bool IKMObject::GetValidate() const { return m_validate; }
+
+void IKMObject::SetLogger(Logger* logger) { m_logger = logger; }
+
+void IKMObject::ResetLogger() { m_logger = nullptr; }
+
+const QString& IKMObject::GetVersion() const {
+    static const QString noVersion;
+    return noVersion;
+}
+
+void IKMObject::SetObjectType(ObjectTypes type) { m_objectType = type; }
+
+void IKMObject::SetObjectName(const QString& name) { m_objectName = name; }
+
+void IKMObject::ProcessXmlStartElement(QXmlStreamReader&) {}
+
+QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
+    return reader.readElementText(QXmlStreamReader::SkipChildElements);
+}
+
+void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
+    if (!reader.readNextStartElement()) {
+        // A document that simply ends is reported as lacking its root.
+        if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
+            ThrowIfReaderFailed(reader);
+        throw KMException(
+            QStringLiteral("XML error: document has no root element, expected '%1'")
+                .arg(GetObjectName()));
+    }
+    const QString rootName = reader.name().toString();
+    if (rootName != GetObjectName())
+        throw KMException(QStringLiteral("Wrong root element: expected '%1', found '%2'")
+                              .arg(GetObjectName(), rootName));
+    ProcessXml(reader);
+    while (!reader.atEnd())
+        reader.readNext();
+    ThrowIfReaderFailed(reader);
+    if (runValidation)
+        Check();
+}
+
+QByteArray IKMObject::WriteDocument() const {
+    QByteArray document;
+    QBuffer buffer(&document);
+    buffer.open(QIODevice::WriteOnly);
+    QXmlStreamWriter writer(&buffer);
+    writer.setCodec("UTF-8");
+    writer.setAutoFormatting(true);
+    writer.writeStartDocument();
+    GetXml(writer);
+    writer.writeEndDocument();
+    return document;
+}
+
+void IKMObject::LogFailure(const QString& operation, const KelmoraException& failure) const {
+    if (m_logger)
+        m_logger->Log(Logger::LEVEL_ERROR,
+                      QStringLiteral("%1: %2").arg(operation, failure.GetMessage()));
+}
+
+QString GetObjectTypeName(ObjectTypes type) {
+    switch (type) {
+    case OBJECT_TYPE_EXCITER_SETTINGS:
+        return QStringLiteral("Exciter_Settings");
+    case OBJECT_TYPE_NONE:
+        break;
+    }
+    return QString();
+}
+
+} // namespace KELMORA

@@ -1,0 +1,9 @@
+#include "KMException.h"
+
+namespace KELMORA {
+
+KMException::KMException(const QString& message) : KelmoraException(message) {}
+
+KMException::~KMException() = default;
+
+} // namespace KELMORA

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Installs what building and testing need, from Debian's packages, when it is
+# missing. Runs apt-get as root (directly, or through sudo when available).
+set -euo pipefail
+
+packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
+missing=()
+for package in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" \
+        || missing+=("$package")
+done
+if [ ${#missing[@]} -eq 0 ]; then
+    exit 0
+fi
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "bootstrap: need root to install: ${missing[*]}" >&2; exit 1; }
+    as_root=(sudo)
+fi
+echo "bootstrap: installing ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y --no-install-recommends "${missing[@]}"
