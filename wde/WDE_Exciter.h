@@ -20,7 +20,7 @@ public:
     enum SignalType : qint32 { CW = 0, FSK2 = 1, MSK = 2 };
 
     WDE_Exciter();
-    explicit WDE_Exciter(int index);
+    WDE_Exciter(int index);
     WDE_Exciter(const WDE_Exciter& other);
     WDE_Exciter& operator=(const WDE_Exciter& other);
     ~WDE_Exciter() override;

@@ -31,7 +31,7 @@ public:
     enum AvgTime : qint32 { AVGTIME_SHORT = 0, AVGTIME_MIDDLE = 1, AVGTIME_LONG = 2 };
 
     WDE_Rasterdetector();
-    explicit WDE_Rasterdetector(int index);
+    WDE_Rasterdetector(int index);
     WDE_Rasterdetector(const WDE_Rasterdetector& other);
     WDE_Rasterdetector& operator=(const WDE_Rasterdetector& other);
     ~WDE_Rasterdetector() override;
