@@ -1,0 +1,147 @@
+#include "SCU.h"
+
+#include "ElementNames.h"
+#include "ItemAttributes.h"
+#include "RecordFormat.h"
+#include "RecordMessages.h"
+
+namespace KELMORA {
+
+namespace {
+
+const QString kObjectName = QStringLiteral("SCU");
+const QString kDefaultVersion = QStringLiteral("1.0");
+
+} // namespace
+
+SCU::SCU()
+    : m_version(kDefaultVersion), m_frequency(ElementNames::Frequency),
+      m_transmitTime(Unset::Double) {
+    SetObjectName(kObjectName);
+    Reset();
+}
+
+SCU::SCU(const SCU& other) = default;
+
+SCU& SCU::operator=(const SCU& other) = default;
+
+SCU::~SCU() = default;
+
+bool SCU::HasData() const {
+    return m_frequency.HasData() && m_transmitTime != Unset::Double && m_path.HasData();
+}
+
+bool SCU::AnyData() const {
+    return m_frequency.HasData() || m_transmitTime != Unset::Double || m_path.HasData();
+}
+
+void SCU::Reset() {
+    m_frequency.Reset();
+    m_transmitTime = Unset::Double;
+    m_path.Reset();
+}
+
+void SCU::Check() const {
+    if (!m_frequency.HasData())
+        throw RecordMessages::PleaseSet(GetObjectName(), ElementNames::Frequency);
+    if (m_transmitTime == Unset::Double)
+        throw RecordMessages::PleaseSet(GetObjectName(), ElementNames::TransmitTime);
+    m_path.Check();
+}
+
+void SCU::GetXml(QXmlStreamWriter& writer) const {
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    ItemAttributes::WriteVersion(writer, m_version);
+    m_frequency.GetXml(writer);
+    writer.writeTextElement(ElementNames::TransmitTime, RecordFormat::FixedTwo(m_transmitTime));
+    m_path.GetXml(writer);
+    writer.writeEndElement();
+}
+
+void SCU::ProcessXml(QXmlStreamReader& reader) {
+    m_version = ItemAttributes::ReadVersion(reader);
+    IKMObject::ProcessXml(reader);
+}
+
+void SCU::ProcessXmlStartElement(QXmlStreamReader& reader) {
+    const QString child = reader.name().toString();
+    if (child == m_frequency.name)
+        m_frequency.ReadValuesFromXml(reader);
+    else if (child == ElementNames::TransmitTime)
+        m_transmitTime = RecordFormat::ToDouble(GetTextValue(reader));
+    else if (child == m_path.GetObjectName())
+        m_path.ProcessXml(reader);
+    else
+        throw RecordMessages::UnknownTag(child, GetObjectName());
+}
+
+const QString& SCU::GetVersion() const {
+    return m_version;
+}
+
+double SCU::GetFrequency() const {
+    return m_frequency.value;
+}
+
+void SCU::SetFrequency(double frequency) {
+    m_frequency.value = frequency;
+}
+
+double SCU::GetFrequencyMin() const {
+    return m_frequency.minimum;
+}
+
+void SCU::SetFrequencyMin(double min) {
+    m_frequency.minimum = min;
+}
+
+double SCU::GetFrequencyMax() const {
+    return m_frequency.maximum;
+}
+
+void SCU::SetFrequencyMax(double max) {
+    m_frequency.maximum = max;
+}
+
+void SCU::GetFrequencyMinMax(double& min, double& max) {
+    min = m_frequency.minimum;
+    max = m_frequency.maximum;
+}
+
+MinMax SCU::GetFrequencyMinMax() const {
+    return MinMax(m_frequency.minimum, m_frequency.maximum);
+}
+
+void SCU::SetFrequencyMinMax(const MinMax& range) {
+    m_frequency.maximum = range.GetMax();
+    m_frequency.minimum = range.GetMin();
+}
+
+void SCU::SetFrequencyMinMax(double min, double max) {
+    m_frequency.minimum = min;
+    m_frequency.maximum = max;
+}
+
+double SCU::GetTransmitTime() const {
+    return m_transmitTime;
+}
+
+void SCU::SetTransmitTime(double transmitTime) {
+    m_transmitTime = transmitTime;
+}
+
+ATTANTPath& SCU::GetATTANTPath() {
+    return m_path;
+}
+
+const ATTANTPath& SCU::GetATTANTPath() const {
+    return m_path;
+}
+
+void SCU::SetATTANTPath(const ATTANTPath& path) {
+    m_path = path;
+}
+
+} // namespace KELMORA

@@ -1,0 +1,78 @@
+#ifndef KELMORA_SCU_H
+#define KELMORA_SCU_H
+
+#include <ATTANTPath.h>
+#include <ExciterSettingsExport.h>
+#include <IKMObject.h>
+#include <MinMax.h>
+#include <ValueMinMax.h>
+
+#include <QString>
+
+namespace KELMORA {
+
+// The control unit: the frequency with its permitted range, the transmit time
+// and the attenuator and antenna path. The record is complete (and is written)
+// only when the frequency value, the transmit time and all six path switches
+// are set. No setter checks its value: a minimum above the maximum, or the
+// unset marker itself, is stored as given.
+class EXCITERSETTINGS_EXPORT SCU : public IKMObject {
+public:
+    SCU();
+    SCU(const SCU& other);
+    SCU& operator=(const SCU& other);
+    ~SCU() override;
+
+    using IKMObject::Check;
+    // Frequency value, transmit time and the whole path are set.
+    bool HasData() const override;
+    // Clears the frequency range, the transmit time and the path; the version
+    // text stays.
+    void Reset() override;
+    // Throws "SCU: Please set Frequency!", then "SCU: Please set TransmitTime!",
+    // then whatever the path's Check() throws.
+    void Check() const override;
+    // Writes nothing unless HasData().
+    void GetXml(QXmlStreamWriter& writer) const override;
+    // Takes the "Version" attribute (empty when absent), then reads the
+    // children without resetting first.
+    void ProcessXml(QXmlStreamReader& reader) override;
+    const QString& GetVersion() const override;
+
+    // The frequency value, the transmit time or the whole path is set; a path
+    // with only some switches set does not count.
+    bool AnyData() const;
+
+    double GetFrequency() const;
+    void SetFrequency(double frequency);
+    double GetFrequencyMin() const;
+    void SetFrequencyMin(double min);
+    double GetFrequencyMax() const;
+    void SetFrequencyMax(double max);
+    void GetFrequencyMinMax(double& min, double& max);
+    MinMax GetFrequencyMinMax() const;
+    void SetFrequencyMinMax(const MinMax& range);
+    void SetFrequencyMinMax(double min, double max);
+
+    double GetTransmitTime() const;
+    void SetTransmitTime(double transmitTime);
+
+    ATTANTPath& GetATTANTPath();
+    const ATTANTPath& GetATTANTPath() const;
+    void SetATTANTPath(const ATTANTPath& path);
+
+protected:
+    // "Frequency", "TransmitTime" and "ATTANTPath"; any other child throws
+    // "Unknown Tag '<child>' in 'SCU'".
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override;
+
+private:
+    QString m_version;
+    ValueMinMax m_frequency;
+    double m_transmitTime;
+    ATTANTPath m_path;
+};
+
+} // namespace KELMORA
+
+#endif

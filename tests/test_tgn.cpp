@@ -1,0 +1,199 @@
+#include "TestSupport.h"
+
+#include <TGN.h>
+
+using namespace KELMORA;
+using testsupport::ThrownMessage;
+using testsupport::WrittenXml;
+
+namespace {
+
+TGN CompleteTGN() {
+    TGN tgn;
+    tgn.SetFrequency(100);
+    tgn.SetFrequencyMinMax(10, 1000);
+    tgn.SetBandwidth(25);
+    tgn.SetPower(12.5);
+    tgn.SetLevelSettingsMode(QStringLiteral("auto"));
+    tgn.SetReference(QStringLiteral("intern"));
+    tgn.SetTGNModulation(QStringLiteral("CW"));
+    return tgn;
+}
+
+// The start tag and both ranges, as the range records themselves write them,
+// followed by the values that are always written.
+const QString kRequired =
+    QStringLiteral("<TGN Version=\"1.0\">") +
+    WrittenXml(ValueMinMax(QStringLiteral("Frequency"), 100, 10, 1000)) +
+    WrittenXml(ValueMinMax(QStringLiteral("Bandwidth"), 25, -111111.11, -111111.11)) +
+    QStringLiteral("<Power>12.50</Power><LevelSettingsMode>auto</LevelSettingsMode>"
+                   "<Reference>intern</Reference><TGNModulation>CW</TGNModulation>");
+
+} // namespace
+
+TEST(TGNRecord, ChoiceListsAndValidatedSetters) {
+    TGN tgn;
+    EXPECT_EQ(tgn.GetLevelSettingsModes().join(QLatin1Char('|')), QStringLiteral("auto|fix"));
+    EXPECT_EQ(tgn.GetReferences().join(QLatin1Char('|')), QStringLiteral("intern|extern"));
+    EXPECT_EQ(tgn.GetTGNModulations().join(QLatin1Char('|')),
+              QStringLiteral("CW|FM int|AM int|FM AFsweep|AM AFsweep|FM ext|AM ext|NOISE"));
+
+    tgn.SetLevelSettingsMode(QStringLiteral("fix"));
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetLevelSettingsMode(QStringLiteral("FIX")); }),
+              QStringLiteral("TGN: Unknown LevelSettingsMode 'FIX'"));
+    EXPECT_EQ(tgn.GetLevelSettingsMode(), QStringLiteral("fix"));
+    // Each setter checks against its own list.
+    tgn.SetReference(QStringLiteral("extern"));
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetReference(QStringLiteral("auto")); }),
+              QStringLiteral("TGN: Unknown Reference 'auto'"));
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetReference(QString()); }),
+              QStringLiteral("TGN: Please set Reference!"));
+    EXPECT_EQ(tgn.GetReference(), QStringLiteral("extern"));
+    tgn.SetTGNModulation(QStringLiteral("AM AFsweep"));
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetTGNModulation(QStringLiteral("intern")); }),
+              QStringLiteral("TGN: Unknown TGNModulation 'intern'"));
+    EXPECT_EQ(tgn.GetTGNModulation(), QStringLiteral("AM AFsweep"));
+}
+
+TEST(TGNRecord, WritesOptionalValuesOnlyWhenSetInFixedOrderAndFormats) {
+    TGN tgn = CompleteTGN();
+    tgn.GetScanParameter().SetStartFrequency(1); // incomplete: not written
+    EXPECT_EQ(WrittenXml(tgn),
+              kRequired + QStringLiteral("<SweepActive>false</SweepActive>"
+                                         "<IQModulationState>false</IQModulationState>"
+                                         "<IQModulationSource>ANALOG</IQModulationSource>"
+                                         "<BBINState>false</BBINState></TGN>"));
+
+    tgn.SetToneStart(1);
+    tgn.SetToneStop(-3.456);
+    tgn.SetTone(440);
+    tgn.SetAMDepth(-7);
+    tgn.SetSweepActive(true);
+    tgn.SetSweepSpacing(QStringLiteral("LIN"));
+    tgn.SetSweepDwellTime(1234567);
+    tgn.SetFMCoupling(QStringLiteral("AC"));
+    tgn.SetFMInput(QStringLiteral("EXT1"));
+    tgn.SetFMDeviation(0.25);
+    tgn.SetNoiseLevel(12);
+    tgn.SetIQModulationState(true);
+    tgn.SetIQModulationSource(TGN::BASEBAND);
+    tgn.SetBBINState(true);
+    tgn.GetScanParameter().SetStopFrequency(2);
+    tgn.GetScanParameter().SetStepWidth(0.5);
+    const QString written = WrittenXml(tgn);
+    EXPECT_EQ(written,
+              kRequired +
+                  QStringLiteral(
+                      "<Tone>440.00</Tone><ToneStop>-3.46</ToneStop><ToneStart>1.00</ToneStart>"
+                      "<AMDepth>-7</AMDepth><SweepActive>true</SweepActive>"
+                      "<SweepSpacing>LIN</SweepSpacing><SweepDwellTime>1.23457e+06"
+                      "</SweepDwellTime><FMCoupling>AC</FMCoupling><FMInput>EXT1</FMInput>"
+                      "<FMDeviation>0.25</FMDeviation><NoiseLevel>12</NoiseLevel>"
+                      "<IQModulationState>true</IQModulationState>"
+                      "<IQModulationSource>BASEBAND</IQModulationSource>"
+                      "<BBINState>true</BBINState>") +
+                  WrittenXml(tgn.GetScanParameter()) + QStringLiteral("</TGN>"));
+
+    TGN back;
+    back.SetXmlString(written);
+    EXPECT_EQ(WrittenXml(back), written);
+}
+
+TEST(TGNRecord, CheckOrderHasDataAndAnyData) {
+    TGN tgn;
+    EXPECT_FALSE(tgn.AnyData());
+    EXPECT_TRUE(WrittenXml(tgn).isEmpty());
+    const std::function<void()> fill[] = {
+        [&] { tgn.SetFrequency(1); },
+        [&] { tgn.SetBandwidth(1); },
+        [&] { tgn.SetPower(1); },
+        [&] { tgn.SetLevelSettingsMode(QStringLiteral("auto")); },
+        [&] { tgn.SetReference(QStringLiteral("intern")); },
+        [&] { tgn.SetTGNModulation(QStringLiteral("NOISE")); },
+    };
+    const QStringList missing =
+        QStringLiteral("Frequency Bandwidth Power LevelSettingsMode Reference TGNModulation")
+            .split(QLatin1Char(' '));
+    for (int step = 0; step < missing.size(); ++step) {
+        EXPECT_FALSE(tgn.HasData());
+        EXPECT_EQ(ThrownMessage([&] { tgn.Check(); }),
+                  QStringLiteral("TGN: Please set %1!").arg(missing[step]));
+        fill[step]();
+    }
+    EXPECT_NO_THROW(tgn.Check());
+
+    TGN noReference;
+    noReference.SetXmlString(
+        QString(WrittenXml(tgn)).remove(QStringLiteral("<Reference>intern</Reference>")));
+    EXPECT_TRUE(noReference.AnyData());
+    EXPECT_TRUE(WrittenXml(noReference).isEmpty());
+
+    TGN unconsulted;
+    unconsulted.SetFMInput(QStringLiteral("EXT1"));
+    unconsulted.SetSweepActive(true);
+    unconsulted.SetIQModulationSource(TGN::BASEBAND);
+    EXPECT_FALSE(unconsulted.AnyData());
+    unconsulted.SetBandwidthMax(5); // a range counts with any of its values
+    EXPECT_TRUE(unconsulted.AnyData());
+}
+
+TEST(TGNRecord, ReadingConvertsTextsAndStopsAtTheFirstBadChild) {
+    TGN tgn;
+    tgn.SetXmlString(QStringLiteral(
+        "<TGN><Power>abc</Power><NoiseLevel>12</NoiseLevel><SweepActive>True</SweepActive>"
+        "<IQModulationState>1</IQModulationState><BBINState>true</BBINState>"
+        "<IQModulationSource>analog</IQModulationSource></TGN>"));
+    EXPECT_EQ(tgn.GetPower(), 0);
+    EXPECT_EQ(tgn.GetNoiseLevel(), 12);
+    EXPECT_FALSE(tgn.GetSweepActive());
+    EXPECT_FALSE(tgn.GetIQModulationState());
+    EXPECT_TRUE(tgn.GetBBINState());
+    EXPECT_EQ(tgn.GetIQModulationSource(), TGN::BASEBAND);
+    EXPECT_TRUE(tgn.GetVersion().isEmpty());
+    tgn.SetXmlString(QStringLiteral("<TGN><IQModulationSource>ANALOG</IQModulationSource></TGN>"));
+    EXPECT_EQ(tgn.GetIQModulationSource(), TGN::ANALOG);
+
+    tgn.SetTGNModulation(QStringLiteral("FM int"));
+    EXPECT_EQ(ThrownMessage([&] {
+                  tgn.SetXmlString(QStringLiteral("<TGN><Tone>440</Tone><TGNModulation>FM  int"
+                                                  "</TGNModulation><Power>3</Power></TGN>"));
+              }),
+              QStringLiteral("TGN: Unknown TGNModulation 'FM  int'"));
+    EXPECT_EQ(tgn.GetTone(), 440);
+    EXPECT_EQ(tgn.GetTGNModulation(), QStringLiteral("FM int"));
+    EXPECT_EQ(tgn.GetPower(), 0);
+    EXPECT_EQ(ThrownMessage([&] {
+                  tgn.SetXmlString(
+                      QStringLiteral("<TGN><ToneStop>1</ToneStop><tone>2</tone></TGN>"));
+              }),
+              QStringLiteral("Unknown Tag 'tone' in 'TGN'"));
+    EXPECT_EQ(tgn.GetToneStop(), 1);
+}
+
+TEST(TGNRecord, IQSourceConvertersResetAndCopies) {
+    TGN tgn;
+    EXPECT_EQ(static_cast<qint32>(TGN::BASEBAND), 1);
+    EXPECT_EQ(tgn.GetIQSourceForString(QString()), TGN::BASEBAND);
+    EXPECT_EQ(tgn.GetStringForIQSource(TGN::ANALOG), QStringLiteral("ANALOG"));
+    EXPECT_EQ(tgn.GetStringForIQSource(static_cast<TGN::IQSources>(7)), QStringLiteral("BASEBAND"));
+
+    TGN source = CompleteTGN();
+    source.GetScanParameter().SetStartFrequency(5);
+    TGN copy(source);
+    EXPECT_EQ(WrittenXml(copy), WrittenXml(source));
+    copy.SetBandwidth(99);
+    copy.SetReference(QStringLiteral("extern"));
+    copy.GetScanParameter().SetStartFrequency(6);
+    EXPECT_EQ(source.GetBandwidth(), 25);
+    EXPECT_EQ(source.GetReference(), QStringLiteral("intern"));
+    EXPECT_EQ(source.GetScanParameter().GetStartFrequency(), 5);
+
+    source.SetXmlString(QStringLiteral("<TGN Version=\"7\"/>"));
+    source.SetIQModulationSource(TGN::BASEBAND);
+    source.SetBBINState(true);
+    source.Reset();
+    EXPECT_FALSE(source.AnyData());
+    EXPECT_FALSE(source.GetBBINState());
+    EXPECT_EQ(source.GetIQModulationSource(), TGN::ANALOG);
+    EXPECT_EQ(source.GetVersion(), QStringLiteral("7"));
+}
