@@ -1,0 +1,133 @@
+// exciter-settings: checks, shows and formats settings files of any record of
+// the library, chosen by the file's root element.
+#include "Commands.h"
+#include "RecordRegistry.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+using namespace tool;
+
+QString Description() {
+    return QStringLiteral(
+               "Checks, shows and formats ExciterSettings XML files. The root element of a file\n"
+               "names its record: %1.\n"
+               "\n"
+               "Commands:\n"
+               "  check FILE...         Load and validate each file; prints \"FILE: OK\" or\n"
+               "                        \"FILE: <reason>\" per file.\n"
+               "  show FILE             Print the settings as an indented tree.\n"
+               "  format FILE [-o OUT]  Write the file back in the library's indented form, to\n"
+               "                        OUT or in place. The write is atomic: on failure the\n"
+               "                        original stays untouched.\n"
+               "\n"
+               "Exit status:\n"
+               "  0   success\n"
+               "  1   check: a file failed validation; format: the result could not be\n"
+               "      written (incomplete settings, target not writable)\n"
+               "  2   a file could not be read: missing, not well-formed XML, unknown root\n"
+               "      element, or rejected by its record while loading (such as an unknown\n"
+               "      element); the reason goes to standard error as \"FILE: <reason>\"\n"
+               "  64  wrong usage")
+        .arg(RecordRegistry::Instance().RootNames().join(QStringLiteral(", ")));
+}
+
+int UsageError(QTextStream& err, const QString& text) {
+    err << QCoreApplication::applicationName() << ": " << text << '\n'
+        << "Try '" << QCoreApplication::applicationName() << " --help'.\n";
+    return ExitUsage;
+}
+
+int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(Description());
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("command"),
+                                 QStringLiteral("check, show or format."),
+                                 QStringLiteral("<command> [<args>]"));
+
+    // A first pass finds the command; its own arguments and options are then
+    // added so that the second pass and the help text know them.
+    parser.parse(arguments);
+    const QString command = parser.positionalArguments().value(0);
+    const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")},
+                                    QStringLiteral("Write to OUT instead of rewriting FILE."),
+                                    QStringLiteral("OUT"));
+    const bool known = command == QLatin1String("check") || command == QLatin1String("show") ||
+                       command == QLatin1String("format");
+    if (known) {
+        parser.clearPositionalArguments();
+        if (command == QLatin1String("check")) {
+            parser.addPositionalArgument(command, QStringLiteral("Load and validate each FILE."));
+            parser.addPositionalArgument(QStringLiteral("FILE"),
+                                         QStringLiteral("Settings files to validate."),
+                                         QStringLiteral("FILE..."));
+        } else if (command == QLatin1String("show")) {
+            parser.addPositionalArgument(command, QStringLiteral("Print FILE as a tree."));
+            parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Settings file."));
+        } else {
+            parser.addPositionalArgument(command, QStringLiteral("Rewrite FILE, or write OUT."));
+            parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Settings file."));
+            parser.addOption(output);
+        }
+    }
+
+    if (!parser.parse(arguments))
+        return UsageError(err, parser.errorText());
+    if (parser.isSet(help) || parser.optionNames().contains(QStringLiteral("help-all"))) {
+        out << parser.helpText();
+        return ExitSuccess;
+    }
+    if (parser.isSet(version)) {
+        out << QCoreApplication::applicationName() << ' ' << QCoreApplication::applicationVersion()
+            << '\n';
+        return ExitSuccess;
+    }
+    if (command.isEmpty())
+        return UsageError(err, QStringLiteral("no command given"));
+    if (!known)
+        return UsageError(err, QStringLiteral("unknown command '%1'").arg(command));
+
+    const QStringList files = parser.positionalArguments().mid(1);
+    if (command == QLatin1String("check")) {
+        if (files.isEmpty())
+            return UsageError(err, QStringLiteral("check needs at least one FILE"));
+        return RunCheck(files, out, err);
+    }
+    if (files.size() != 1)
+        return UsageError(err, QStringLiteral("%1 takes exactly one FILE").arg(command));
+    if (command == QLatin1String("show"))
+        return RunShow(files.first(), out, err);
+    const QString target = parser.isSet(output) ? parser.value(output) : files.first();
+    if (target.isEmpty())
+        return UsageError(err, QStringLiteral("the output file name is empty"));
+    return RunFormat(files.first(), target, err);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("exciter-settings"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(EXCITERSETTINGS_VERSION));
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    out.setCodec("UTF-8");
+    err.setCodec("UTF-8");
+    try {
+        return Run(QCoreApplication::arguments(), out, err);
+    } catch (const std::exception& failure) {
+        err << QCoreApplication::applicationName() << ": " << failure.what() << '\n';
+    } catch (...) {
+        err << QCoreApplication::applicationName() << ": unexpected failure\n";
+    }
+    return ExitUnreadable;
+}
