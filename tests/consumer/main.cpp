@@ -1,24 +1,69 @@
 // A host program outside the library's tree: it sees only the installed
 // package, includes headers by class name and links Kelmora::ExciterSettings.
 #include <ATTANTPath.h>
+#include <Exciter_Settings.h>
 #include <IKMObject.h>
 #include <KMException.h>
+#include <KelmoraException.h>
+#include <Logger.h>
+#include <MinMax.h>
+#include <SCU.h>
+#include <ScanParameter.h>
+#include <TGN.h>
+#include <ValueMinMax.h>
+#include <WDE.h>
+#include <WDE_Exciter.h>
+#include <WDE_Rasterdetector.h>
+#include <WDE_Simulation.h>
+#include <WDE_Singlechanneldetector.h>
 
 #include <cstdio>
 
-int main() {
+namespace {
+
+bool Fails(const char* what) {
+    std::printf("consumer: %s\n", what);
+    return false;
+}
+
+bool IncompleteCheckThrows() {
     KELMORA::ATTANTPath path;
     path.SetATT1(true);
     try {
         path.Check();
-        std::puts("unexpected: incomplete path passed Check()");
-        return 1;
-    } catch (const KELMORA::KMException& failure) {
-        if (failure.GetMessage() != QStringLiteral("ATTANTPath: Please set ATT2!")) {
-            std::printf("unexpected message: %s\n", qPrintable(failure.GetMessage()));
-            return 1;
-        }
+    } catch (const KELMORA::KelmoraException& failure) {
+        return failure.GetMessage() == QStringLiteral("ATTANTPath: Please set ATT2!") ||
+               Fails("unexpected ATTANTPath message");
     }
+    return Fails("incomplete path passed Check()");
+}
+
+bool WholeTreeRoundTrips() {
+    KELMORA::Exciter_Settings settings;
+    settings.SetExciterMode(QStringLiteral("Trap"));
+    settings.GetWDE().GetExciterList().append(KELMORA::WDE_Exciter(0));
+    settings.GetWDE().GetRasterdetectorList().append(KELMORA::WDE_Rasterdetector(0));
+    settings.GetWDE().GetSimulationList().append(KELMORA::WDE_Simulation(0));
+    settings.GetWDE().GetSinglechanneldetectorList().append(KELMORA::WDE_Singlechanneldetector(0));
+    const QString wdeXml = settings.GetWDE().GetXmlString();
+    KELMORA::WDE copy;
+    copy.SetXmlString(wdeXml);
+    if (copy.GetExciterList().size() != 1 || copy.GetSimulationList().size() != 1)
+        return Fails("WDE lists lost on a round trip");
+    try {
+        settings.Check();
+    } catch (const KELMORA::KMException& failure) {
+        return failure.GetMessage() == QStringLiteral("TGN: Please set Frequency!") ||
+               Fails("unexpected Exciter_Settings message");
+    }
+    return Fails("incomplete settings passed Check()");
+}
+
+} // namespace
+
+int main() {
+    if (!IncompleteCheckThrows() || !WholeTreeRoundTrips())
+        return 1;
     std::puts("consumer ok");
     return 0;
 }
