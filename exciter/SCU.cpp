@@ -81,49 +81,6 @@ const QString& SCU::GetVersion() const {
     return m_version;
 }
 
-double SCU::GetFrequency() const {
-    return m_frequency.value;
-}
-
-void SCU::SetFrequency(double frequency) {
-    m_frequency.value = frequency;
-}
-
-double SCU::GetFrequencyMin() const {
-    return m_frequency.minimum;
-}
-
-void SCU::SetFrequencyMin(double min) {
-    m_frequency.minimum = min;
-}
-
-double SCU::GetFrequencyMax() const {
-    return m_frequency.maximum;
-}
-
-void SCU::SetFrequencyMax(double max) {
-    m_frequency.maximum = max;
-}
-
-void SCU::GetFrequencyMinMax(double& min, double& max) {
-    min = m_frequency.minimum;
-    max = m_frequency.maximum;
-}
-
-MinMax SCU::GetFrequencyMinMax() const {
-    return MinMax(m_frequency.minimum, m_frequency.maximum);
-}
-
-void SCU::SetFrequencyMinMax(const MinMax& range) {
-    m_frequency.maximum = range.GetMax();
-    m_frequency.minimum = range.GetMin();
-}
-
-void SCU::SetFrequencyMinMax(double min, double max) {
-    m_frequency.minimum = min;
-    m_frequency.maximum = max;
-}
-
 double SCU::GetTransmitTime() const {
     return m_transmitTime;
 }

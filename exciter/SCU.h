@@ -43,16 +43,16 @@ public:
     // with only some switches set does not count.
     bool AnyData() const;
 
-    double GetFrequency() const;
-    void SetFrequency(double frequency);
-    double GetFrequencyMin() const;
-    void SetFrequencyMin(double min);
-    double GetFrequencyMax() const;
-    void SetFrequencyMax(double max);
-    void GetFrequencyMinMax(double& min, double& max);
-    MinMax GetFrequencyMinMax() const;
-    void SetFrequencyMinMax(const MinMax& range);
-    void SetFrequencyMinMax(double min, double max);
+    double GetFrequency() const { return m_frequency.value; }
+    void SetFrequency(double value) { m_frequency.value = value; }
+    double GetFrequencyMin() const { return m_frequency.minimum; }
+    void SetFrequencyMin(double min) { m_frequency.minimum = min; }
+    double GetFrequencyMax() const { return m_frequency.maximum; }
+    void SetFrequencyMax(double max) { m_frequency.maximum = max; }
+    void GetFrequencyMinMax(double& min, double& max) { m_frequency.GetMinMax(min, max); }
+    MinMax GetFrequencyMinMax() const { return m_frequency.GetMinMax(); }
+    void SetFrequencyMinMax(const MinMax& range) { m_frequency.SetMinMax(range); }
+    void SetFrequencyMinMax(double min, double max) { m_frequency.SetMinMax(min, max); }
 
     double GetTransmitTime() const;
     void SetTransmitTime(double transmitTime);

@@ -57,27 +57,27 @@ public:
     // (the ranges and the scan parameter count when any of their values is).
     bool AnyData() const;
 
-    double GetFrequency() const;
-    void SetFrequency(double frequency);
-    double GetFrequencyMin() const;
-    void SetFrequencyMin(double min);
-    double GetFrequencyMax() const;
-    void SetFrequencyMax(double max);
-    void GetFrequencyMinMax(double& min, double& max);
-    MinMax GetFrequencyMinMax() const;
-    void SetFrequencyMinMax(const MinMax& range);
-    void SetFrequencyMinMax(double min, double max);
+    double GetFrequency() const { return m_frequency.value; }
+    void SetFrequency(double value) { m_frequency.value = value; }
+    double GetFrequencyMin() const { return m_frequency.minimum; }
+    void SetFrequencyMin(double min) { m_frequency.minimum = min; }
+    double GetFrequencyMax() const { return m_frequency.maximum; }
+    void SetFrequencyMax(double max) { m_frequency.maximum = max; }
+    void GetFrequencyMinMax(double& min, double& max) { m_frequency.GetMinMax(min, max); }
+    MinMax GetFrequencyMinMax() const { return m_frequency.GetMinMax(); }
+    void SetFrequencyMinMax(const MinMax& range) { m_frequency.SetMinMax(range); }
+    void SetFrequencyMinMax(double min, double max) { m_frequency.SetMinMax(min, max); }
 
-    double GetBandwidth() const;
-    void SetBandwidth(double bandwidth);
-    double GetBandwidthMin() const;
-    void SetBandwidthMin(double min);
-    double GetBandwidthMax() const;
-    void SetBandwidthMax(double max);
-    void GetBandwidthMinMax(double& min, double& max);
-    MinMax GetBandwidthMinMax() const;
-    void SetBandwidthMinMax(const MinMax& range);
-    void SetBandwidthMinMax(double min, double max);
+    double GetBandwidth() const { return m_bandwidth.value; }
+    void SetBandwidth(double value) { m_bandwidth.value = value; }
+    double GetBandwidthMin() const { return m_bandwidth.minimum; }
+    void SetBandwidthMin(double min) { m_bandwidth.minimum = min; }
+    double GetBandwidthMax() const { return m_bandwidth.maximum; }
+    void SetBandwidthMax(double max) { m_bandwidth.maximum = max; }
+    void GetBandwidthMinMax(double& min, double& max) { m_bandwidth.GetMinMax(min, max); }
+    MinMax GetBandwidthMinMax() const { return m_bandwidth.GetMinMax(); }
+    void SetBandwidthMinMax(const MinMax& range) { m_bandwidth.SetMinMax(range); }
+    void SetBandwidthMinMax(double min, double max) { m_bandwidth.SetMinMax(min, max); }
 
     double GetPower() const { return m_power; }
     void SetPower(double power) { m_power = power; }

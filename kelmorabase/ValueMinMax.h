@@ -3,6 +3,7 @@
 
 #include <IKMObject.h>
 #include <KelmoraBaseExport.h>
+#include <MinMax.h>
 
 namespace KELMORA {
 
@@ -35,6 +36,21 @@ public:
     void GetXml(QXmlStreamWriter& writer) const override;
 
     bool AnyData() const;
+
+    // The range as a pair; no order between minimum and maximum is enforced.
+    MinMax GetMinMax() const { return MinMax(minimum, maximum); }
+    void GetMinMax(double& min, double& max) const {
+        min = minimum;
+        max = maximum;
+    }
+    void SetMinMax(const MinMax& range) {
+        maximum = range.GetMax();
+        minimum = range.GetMin();
+    }
+    void SetMinMax(double min, double max) {
+        minimum = min;
+        maximum = max;
+    }
     // Reads the element at the reader (this record's form, or a plain text
     // element); leaves the reader on its end element.
     void ReadValuesFromXml(QXmlStreamReader& reader);
