@@ -14,7 +14,9 @@ const QString kSwitchNames[] = {QStringLiteral("ATT1"), QStringLiteral("ATT2"),
 
 } // namespace
 
-ATTANTPath::ATTANTPath() { SetObjectName(kObjectName); }
+ATTANTPath::ATTANTPath() {
+    SetObjectName(kObjectName);
+}
 
 ATTANTPath::ATTANTPath(const ATTANTPath& other) = default;
 
@@ -70,8 +72,12 @@ void ATTANTPath::ProcessXmlStartElement(QXmlStreamReader& reader) {
     throw RecordMessages::UnknownTag(child, GetObjectName());
 }
 
-bool ATTANTPath::IsOn(int position) const { return RecordFormat::IsTrue(m_switches[position]); }
+bool ATTANTPath::IsOn(int position) const {
+    return RecordFormat::IsTrue(m_switches[position]);
+}
 
-void ATTANTPath::SetSwitch(int position, bool on) { m_switches[position] = RecordFormat::Flag(on); }
+void ATTANTPath::SetSwitch(int position, bool on) {
+    m_switches[position] = RecordFormat::Flag(on);
+}
 
 } // namespace KELMORA

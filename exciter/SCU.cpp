@@ -81,24 +81,4 @@ const QString& SCU::GetVersion() const {
     return m_version;
 }
 
-double SCU::GetTransmitTime() const {
-    return m_transmitTime;
-}
-
-void SCU::SetTransmitTime(double transmitTime) {
-    m_transmitTime = transmitTime;
-}
-
-ATTANTPath& SCU::GetATTANTPath() {
-    return m_path;
-}
-
-const ATTANTPath& SCU::GetATTANTPath() const {
-    return m_path;
-}
-
-void SCU::SetATTANTPath(const ATTANTPath& path) {
-    m_path = path;
-}
-
 } // namespace KELMORA

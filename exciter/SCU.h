@@ -54,12 +54,12 @@ public:
     void SetFrequencyMinMax(const MinMax& range) { m_frequency.SetMinMax(range); }
     void SetFrequencyMinMax(double min, double max) { m_frequency.SetMinMax(min, max); }
 
-    double GetTransmitTime() const;
-    void SetTransmitTime(double transmitTime);
+    double GetTransmitTime() const { return m_transmitTime; }
+    void SetTransmitTime(double transmitTime) { m_transmitTime = transmitTime; }
 
-    ATTANTPath& GetATTANTPath();
-    const ATTANTPath& GetATTANTPath() const;
-    void SetATTANTPath(const ATTANTPath& path);
+    ATTANTPath& GetATTANTPath() { return m_path; }
+    const ATTANTPath& GetATTANTPath() const { return m_path; }
+    void SetATTANTPath(const ATTANTPath& path) { m_path = path; }
 
 protected:
     // "Frequency", "TransmitTime" and "ATTANTPath"; any other child throws

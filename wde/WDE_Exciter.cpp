@@ -108,54 +108,6 @@ QString WDE_Exciter::GetName() {
     return kObjectName;
 }
 
-int WDE_Exciter::GetIndex() {
-    return m_index;
-}
-
-void WDE_Exciter::SetIndex(int index) {
-    m_index = index;
-}
-
-QString WDE_Exciter::GetItemName() {
-    return m_itemName;
-}
-
-void WDE_Exciter::SetItemName(const QString& itemName) {
-    m_itemName = itemName;
-}
-
-WDE_Exciter::SignalType WDE_Exciter::GetSignalType() const {
-    return m_signalType;
-}
-
-void WDE_Exciter::SetSignalType(SignalType signalType) {
-    m_signalType = signalType;
-}
-
-double WDE_Exciter::GetSymbolRate() const {
-    return m_symbolRate;
-}
-
-void WDE_Exciter::SetSymbolRate(double symbolRate) {
-    m_symbolRate = symbolRate;
-}
-
-double WDE_Exciter::GetFrequencyShift() const {
-    return m_frequencyShift;
-}
-
-void WDE_Exciter::SetFrequencyShift(double frequencyShift) {
-    m_frequencyShift = frequencyShift;
-}
-
-double WDE_Exciter::GetLevel() const {
-    return m_level;
-}
-
-void WDE_Exciter::SetLevel(double level) {
-    m_level = level;
-}
-
 WDE_Exciter::SignalType WDE_Exciter::GetSignalTypeForString(const QString& text) const {
     return static_cast<SignalType>(kSignalTypes.ValueOfDisplay(text));
 }

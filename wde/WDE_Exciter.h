@@ -46,19 +46,19 @@ public:
     // "WDE_Exciter", the element and object name.
     static QString GetName();
 
-    int GetIndex();
-    void SetIndex(int index);
-    QString GetItemName();
-    void SetItemName(const QString& itemName);
+    int GetIndex() { return m_index; }
+    void SetIndex(int index) { m_index = index; }
+    QString GetItemName() { return m_itemName; }
+    void SetItemName(const QString& itemName) { m_itemName = itemName; }
 
-    SignalType GetSignalType() const;
-    void SetSignalType(SignalType signalType);
-    double GetSymbolRate() const;
-    void SetSymbolRate(double symbolRate);
-    double GetFrequencyShift() const;
-    void SetFrequencyShift(double frequencyShift);
-    double GetLevel() const;
-    void SetLevel(double level);
+    SignalType GetSignalType() const { return m_signalType; }
+    void SetSignalType(SignalType signalType) { m_signalType = signalType; }
+    double GetSymbolRate() const { return m_symbolRate; }
+    void SetSymbolRate(double symbolRate) { m_symbolRate = symbolRate; }
+    double GetFrequencyShift() const { return m_frequencyShift; }
+    void SetFrequencyShift(double frequencyShift) { m_frequencyShift = frequencyShift; }
+    double GetLevel() const { return m_level; }
+    void SetLevel(double level) { m_level = level; }
 
     // Exact, case-sensitive; an unknown text gives -1, an unknown value the
     // empty text.

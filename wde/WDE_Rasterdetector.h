@@ -61,31 +61,31 @@ public:
     // "WDE_Rasterdetector", the element and object name.
     static QString GetName();
 
-    QString GetItemName();
-    void SetItemName(const QString& itemName);
-    int GetIndex();
-    void SetIndex(int index);
-    double GetChannelStep() const;
-    void SetChannelStep(double channelStep);
-    double GetMinimumFixedFrequencyLength() const;
-    void SetMinimumFixedFrequencyLength(double length);
+    QString GetItemName() { return m_itemName; }
+    void SetItemName(const QString& itemName) { m_itemName = itemName; }
+    int GetIndex() { return m_index; }
+    void SetIndex(int index) { m_index = index; }
+    double GetChannelStep() const { return m_channelStep; }
+    void SetChannelStep(double channelStep) { m_channelStep = channelStep; }
+    double GetMinimumFixedFrequencyLength() const { return m_minimumFixedFrequencyLength; }
+    void SetMinimumFixedFrequencyLength(double length) { m_minimumFixedFrequencyLength = length; }
     unsigned int GetExciterSet() const;
-    void SetExicterSet(unsigned int exciterSet);
-    bool GetActive() const;
-    void SetActive(bool active);
-    Amplifier GetAmplifier() const;
-    void SetAmplifier(Amplifier amplifier);
-    ThresholdMode GetThresholdMode() const;
-    void SetThresholdMode(ThresholdMode thresholdMode);
-    double GetAbsoluteThresholdValue() const;
-    void SetAbsoluteThresholdValue(double value);
-    double GetRelativeThresholdValue() const;
-    void SetRelativeThresholdValue(double value);
-    AvgTime GetRelativeThresholdAvgTime() const;
-    void SetRelativeThresholdAvgTime(AvgTime avgTime);
-    QVector<double>& GetFrequencyList();
-    const QVector<double>& GetFrequencyList() const;
-    void SetFrequencyList(const QVector<double>& frequencyList);
+    void SetExicterSet(unsigned int exciterSet) { m_exciterSet = exciterSet; }
+    bool GetActive() const { return m_active; }
+    void SetActive(bool active) { m_active = active; }
+    Amplifier GetAmplifier() const { return m_amplifier; }
+    void SetAmplifier(Amplifier amplifier) { m_amplifier = amplifier; }
+    ThresholdMode GetThresholdMode() const { return m_thresholdMode; }
+    void SetThresholdMode(ThresholdMode thresholdMode) { m_thresholdMode = thresholdMode; }
+    double GetAbsoluteThresholdValue() const { return m_absoluteThresholdValue; }
+    void SetAbsoluteThresholdValue(double value) { m_absoluteThresholdValue = value; }
+    double GetRelativeThresholdValue() const { return m_relativeThresholdValue; }
+    void SetRelativeThresholdValue(double value) { m_relativeThresholdValue = value; }
+    AvgTime GetRelativeThresholdAvgTime() const { return m_relativeThresholdAvgTime; }
+    void SetRelativeThresholdAvgTime(AvgTime avgTime) { m_relativeThresholdAvgTime = avgTime; }
+    QVector<double>& GetFrequencyList() { return m_frequencyList; }
+    const QVector<double>& GetFrequencyList() const { return m_frequencyList; }
+    void SetFrequencyList(const QVector<double>& frequencyList) { m_frequencyList = frequencyList; }
     void AppendFrequency(const double& frequency);
 
     // Exact, case-sensitive; an unknown text gives -1, an unknown value the

@@ -132,88 +132,16 @@ const QString& WDE_Simulation::GetVersion() const {
     return m_version;
 }
 
-QString WDE_Simulation::GetItemName() {
-    return m_itemName;
-}
-
-void WDE_Simulation::SetItemName(const QString& itemName) {
-    m_itemName = itemName;
-}
-
-int WDE_Simulation::GetIndex() {
-    return m_index;
-}
-
-void WDE_Simulation::SetIndex(int index) {
-    m_index = index;
-}
-
-bool WDE_Simulation::GetActive() const {
-    return m_active;
-}
-
-void WDE_Simulation::SetActive(bool active) {
-    m_active = active;
-}
-
-WDE_Simulation::SimulationType WDE_Simulation::GetType() const {
-    return m_type;
-}
-
-void WDE_Simulation::SetType(SimulationType type) {
-    m_type = type;
-}
-
 unsigned int WDE_Simulation::GetExciterSet() const {
     return m_exciterSet;
-}
-
-void WDE_Simulation::SetExciterSet(unsigned int exciterSet) {
-    m_exciterSet = exciterSet;
 }
 
 unsigned int WDE_Simulation::GetPNStartValue() const {
     return m_pnStartValue;
 }
 
-void WDE_Simulation::SetPNStartValue(unsigned int pnStartValue) {
-    m_pnStartValue = pnStartValue;
-}
-
-double WDE_Simulation::GetRelativeCenterFrequency() const {
-    return m_relativeCenterFrequency;
-}
-
-void WDE_Simulation::SetRelativeCenterFrequency(double frequency) {
-    m_relativeCenterFrequency = frequency;
-}
-
 unsigned int WDE_Simulation::GetChannelCount() const {
     return m_channelCount;
-}
-
-void WDE_Simulation::SetChannelCount(unsigned int channelCount) {
-    m_channelCount = channelCount;
-}
-
-double WDE_Simulation::GetHopWidth() const {
-    return m_hopWidth;
-}
-
-void WDE_Simulation::SetHopWidth(double hopWidth) {
-    m_hopWidth = hopWidth;
-}
-
-QVector<double>& WDE_Simulation::GetRelativeFrequencyList() {
-    return m_relativeFrequencyList;
-}
-
-const QVector<double>& WDE_Simulation::GetRelativeFrequencyList() const {
-    return m_relativeFrequencyList;
-}
-
-void WDE_Simulation::SetRelativeFrequencyList(const QVector<double>& frequencies) {
-    m_relativeFrequencyList = frequencies;
 }
 
 void WDE_Simulation::AppendRelativeFrequency(const double& frequency) {

@@ -44,27 +44,29 @@ public:
     // True when any value or list entry is set (Active, index and name aside).
     bool AnyData() const;
 
-    QString GetItemName();
-    void SetItemName(const QString& itemName);
-    int GetIndex();
-    void SetIndex(int index);
-    bool GetActive() const;
-    void SetActive(bool active);
-    SimulationType GetType() const;
-    void SetType(SimulationType type);
+    QString GetItemName() { return m_itemName; }
+    void SetItemName(const QString& itemName) { m_itemName = itemName; }
+    int GetIndex() { return m_index; }
+    void SetIndex(int index) { m_index = index; }
+    bool GetActive() const { return m_active; }
+    void SetActive(bool active) { m_active = active; }
+    SimulationType GetType() const { return m_type; }
+    void SetType(SimulationType type) { m_type = type; }
     unsigned int GetExciterSet() const;
-    void SetExciterSet(unsigned int exciterSet);
+    void SetExciterSet(unsigned int exciterSet) { m_exciterSet = exciterSet; }
     unsigned int GetPNStartValue() const;
-    void SetPNStartValue(unsigned int pnStartValue);
-    double GetRelativeCenterFrequency() const;
-    void SetRelativeCenterFrequency(double frequency);
+    void SetPNStartValue(unsigned int pnStartValue) { m_pnStartValue = pnStartValue; }
+    double GetRelativeCenterFrequency() const { return m_relativeCenterFrequency; }
+    void SetRelativeCenterFrequency(double frequency) { m_relativeCenterFrequency = frequency; }
     unsigned int GetChannelCount() const;
-    void SetChannelCount(unsigned int channelCount);
-    double GetHopWidth() const;
-    void SetHopWidth(double hopWidth);
-    QVector<double>& GetRelativeFrequencyList();
-    const QVector<double>& GetRelativeFrequencyList() const;
-    void SetRelativeFrequencyList(const QVector<double>& frequencies);
+    void SetChannelCount(unsigned int channelCount) { m_channelCount = channelCount; }
+    double GetHopWidth() const { return m_hopWidth; }
+    void SetHopWidth(double hopWidth) { m_hopWidth = hopWidth; }
+    QVector<double>& GetRelativeFrequencyList() { return m_relativeFrequencyList; }
+    const QVector<double>& GetRelativeFrequencyList() const { return m_relativeFrequencyList; }
+    void SetRelativeFrequencyList(const QVector<double>& frequencies) {
+        m_relativeFrequencyList = frequencies;
+    }
     void AppendRelativeFrequency(const double& frequency);
 
     // "FLIS" and "PN"; an empty text for any other value.

@@ -130,68 +130,8 @@ const QString& WDE_Singlechanneldetector::GetVersion() const {
     return m_version;
 }
 
-QString WDE_Singlechanneldetector::GetItemName() {
-    return m_itemName;
-}
-
-void WDE_Singlechanneldetector::SetItemName(const QString& itemName) {
-    m_itemName = itemName;
-}
-
-int WDE_Singlechanneldetector::GetIndex() const {
-    return m_index;
-}
-
-void WDE_Singlechanneldetector::SetIndex(int index) {
-    m_index = index;
-}
-
-double WDE_Singlechanneldetector::GetFrequency() const {
-    return m_frequency.value;
-}
-
-void WDE_Singlechanneldetector::SetFrequency(double frequency) {
-    m_frequency.value = frequency;
-}
-
-double WDE_Singlechanneldetector::GetBandwidth() const {
-    return m_bandwidth.value;
-}
-
-void WDE_Singlechanneldetector::SetBandwidth(double bandwidth) {
-    m_bandwidth.value = bandwidth;
-}
-
-double WDE_Singlechanneldetector::GetMinimumFixedFrequencyLength() const {
-    return m_minimumFixedFrequencyLength;
-}
-
-void WDE_Singlechanneldetector::SetMinimumFixedFrequencyLength(double length) {
-    m_minimumFixedFrequencyLength = length;
-}
-
 unsigned int WDE_Singlechanneldetector::GetExciterSet() const {
     return m_exciterSet;
-}
-
-void WDE_Singlechanneldetector::SetExicterSet(unsigned int exciterSet) {
-    m_exciterSet = exciterSet;
-}
-
-bool WDE_Singlechanneldetector::GetActive() const {
-    return m_active;
-}
-
-void WDE_Singlechanneldetector::SetActive(bool active) {
-    m_active = active;
-}
-
-double WDE_Singlechanneldetector::GetAbsoluteThresholdValue() const {
-    return m_absoluteThresholdValue;
-}
-
-void WDE_Singlechanneldetector::SetAbsoluteThresholdValue(double threshold) {
-    m_absoluteThresholdValue = threshold;
 }
 
 } // namespace KELMORA

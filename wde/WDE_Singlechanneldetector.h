@@ -47,24 +47,24 @@ public:
     // True when any of the values that HasData() needs is set.
     bool AnyData() const;
 
-    QString GetItemName();
-    void SetItemName(const QString& itemName);
-    int GetIndex() const;
-    void SetIndex(int index);
-    double GetFrequency() const;
+    QString GetItemName() { return m_itemName; }
+    void SetItemName(const QString& itemName) { m_itemName = itemName; }
+    int GetIndex() const { return m_index; }
+    void SetIndex(int index) { m_index = index; }
+    double GetFrequency() const { return m_frequency.value; }
     // Sets the value only; the range and the element name stay.
-    void SetFrequency(double frequency);
-    double GetBandwidth() const;
+    void SetFrequency(double frequency) { m_frequency.value = frequency; }
+    double GetBandwidth() const { return m_bandwidth.value; }
     // Sets the value only; the range and the element name stay.
-    void SetBandwidth(double bandwidth);
-    double GetMinimumFixedFrequencyLength() const;
-    void SetMinimumFixedFrequencyLength(double length);
+    void SetBandwidth(double bandwidth) { m_bandwidth.value = bandwidth; }
+    double GetMinimumFixedFrequencyLength() const { return m_minimumFixedFrequencyLength; }
+    void SetMinimumFixedFrequencyLength(double length) { m_minimumFixedFrequencyLength = length; }
     unsigned int GetExciterSet() const;
-    void SetExicterSet(unsigned int exciterSet);
-    bool GetActive() const;
-    void SetActive(bool active);
-    double GetAbsoluteThresholdValue() const;
-    void SetAbsoluteThresholdValue(double threshold);
+    void SetExicterSet(unsigned int exciterSet) { m_exciterSet = exciterSet; }
+    bool GetActive() const { return m_active; }
+    void SetActive(bool active) { m_active = active; }
+    double GetAbsoluteThresholdValue() const { return m_absoluteThresholdValue; }
+    void SetAbsoluteThresholdValue(double threshold) { m_absoluteThresholdValue = threshold; }
 
 protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
