@@ -7,6 +7,8 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
+#include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 #include <gtest/gtest.h>
@@ -15,7 +17,9 @@
 
 // GoogleTest prints QStrings readably.
 QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QString& text, std::ostream* os) {
+    *os << '"' << text.toStdString() << '"';
+}
 QT_END_NAMESPACE
 
 namespace testsupport {
@@ -41,7 +45,21 @@ inline QString WrittenXml(const KELMORA::IKMObject& record) {
 }
 
 // Reads a record from the given element text (the record's own element).
-inline void ReadElement(KELMORA::IKMObject& record, const QString& xml) { record.SetXmlString(xml); }
+inline void ReadElement(KELMORA::IKMObject& record, const QString& xml) {
+    record.SetXmlString(xml);
+}
+
+// The names of the direct children of a written element, in order.
+inline QStringList ChildNames(const QString& xml) {
+    QStringList names;
+    QXmlStreamReader reader(xml);
+    reader.readNextStartElement();
+    while (reader.readNextStartElement()) {
+        names.append(reader.name().toString());
+        reader.skipCurrentElement();
+    }
+    return names;
+}
 
 } // namespace testsupport
 

@@ -1,25 +1,14 @@
+#include "RecordFixtures.h"
 #include "TestSupport.h"
 
 #include <ATTANTPath.h>
 
 using namespace KELMORA;
+using testfixtures::CompletePath;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
 
-namespace {
-
-ATTANTPath CompletePath() {
-    ATTANTPath path;
-    path.SetATT1(true);
-    path.SetATT2(false);
-    path.SetATT3(false);
-    path.SetATT4(true);
-    path.SetATT5(false);
-    path.SetATT6(false);
-    return path;
-}
-
-} // namespace
+namespace {} // namespace
 
 TEST(ATTANTPathRecord, WritesSixSwitchesInOrderWithoutAttributes) {
     EXPECT_EQ(WrittenXml(CompletePath()),
@@ -57,8 +46,9 @@ TEST(ATTANTPathRecord, DataQueriesAndReset) {
 
 TEST(ATTANTPathRecord, ReadTextsAreStoredVerbatim) {
     ATTANTPath path;
-    path.SetXmlString(QStringLiteral("<ATTANTPath><ATT1>True</ATT1><ATT2>1</ATT2><ATT3>true</ATT3>"
-                                     "<ATT4>false</ATT4><ATT5>x</ATT5><ATT6>false</ATT6></ATTANTPath>"));
+    path.SetXmlString(
+        QStringLiteral("<ATTANTPath><ATT1>True</ATT1><ATT2>1</ATT2><ATT3>true</ATT3>"
+                       "<ATT4>false</ATT4><ATT5>x</ATT5><ATT6>false</ATT6></ATTANTPath>"));
     EXPECT_TRUE(path.HasData());
     EXPECT_FALSE(path.GetATT1());
     EXPECT_FALSE(path.GetATT2());
@@ -69,11 +59,12 @@ TEST(ATTANTPathRecord, ReadTextsAreStoredVerbatim) {
 
 TEST(ATTANTPathRecord, UnknownOrMiscasedChildFailsAfterKeepingEarlierSwitches) {
     ATTANTPath path;
-    EXPECT_EQ(ThrownMessage([&] {
-                  path.SetXmlString(QStringLiteral(
-                      "<ATTANTPath><ATT1>true</ATT1><ATT7>true</ATT7><ATT2>true</ATT2></ATTANTPath>"));
-              }),
-              QStringLiteral("Unknown Tag 'ATT7' in 'ATTANTPath'"));
+    EXPECT_EQ(
+        ThrownMessage([&] {
+            path.SetXmlString(QStringLiteral(
+                "<ATTANTPath><ATT1>true</ATT1><ATT7>true</ATT7><ATT2>true</ATT2></ATTANTPath>"));
+        }),
+        QStringLiteral("Unknown Tag 'ATT7' in 'ATTANTPath'"));
     EXPECT_TRUE(path.GetATT1());
     EXPECT_FALSE(path.GetATT2());
     EXPECT_EQ(ThrownMessage([&] {

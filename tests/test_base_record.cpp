@@ -68,15 +68,16 @@ TEST(ElementLoop, SkipsUnreadChildrenWholeAndGoesOnWithSiblings) {
         "<Value>a</Value><Other><Value>hidden</Value><Deep><X/></Deep></Other><Value>b</Value>")));
     EXPECT_EQ(probe.values, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
     // The loop calls the handler once per direct child only.
-    EXPECT_EQ(probe.seen,
-              (QStringList{QStringLiteral("Value"), QStringLiteral("Other"), QStringLiteral("Value")}));
+    EXPECT_EQ(probe.seen, (QStringList{QStringLiteral("Value"), QStringLiteral("Other"),
+                                       QStringLiteral("Value")}));
 }
 
 TEST(ElementLoop, ReenteredWrapperDispatchesItsChildrenAsTheRecordsOwn) {
     ProbeRecord probe;
     probe.SetXmlString(ProbeDocument(QStringLiteral(
         "<Wrapper><Value>a</Value><Wrapper><Value>b</Value></Wrapper></Wrapper><Value>c</Value>")));
-    EXPECT_EQ(probe.values, (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+    EXPECT_EQ(probe.values,
+              (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
 }
 
 TEST(ElementLoop, HostileWrapperNestingEndsInAnExceptionNotACrash) {
@@ -86,8 +87,9 @@ TEST(ElementLoop, HostileWrapperNestingEndsInAnExceptionNotACrash) {
     for (int i = 0; i < 5000; ++i)
         nested += QStringLiteral("</Wrapper>");
     ProbeRecord probe;
-    EXPECT_TRUE(ThrownMessage([&] { probe.SetXmlString(ProbeDocument(nested)); })
-                    .contains(QStringLiteral("nested too deeply")));
+    EXPECT_TRUE(ThrownMessage([&] {
+                    probe.SetXmlString(ProbeDocument(nested));
+                }).contains(QStringLiteral("nested too deeply")));
     // The guard unwinds: the same record reads again afterwards.
     probe.SetXmlString(ProbeDocument(QStringLiteral("<Wrapper><Value>x</Value></Wrapper>")));
     EXPECT_EQ(probe.values.last(), QStringLiteral("x"));
@@ -107,12 +109,15 @@ TEST(ElementLoop, MalformedInputReportsReaderErrorWithLineAndColumn) {
 
 TEST(ElementLoop, TruncatedDocumentAndTrailingGarbageAreRejected) {
     ProbeRecord probe;
-    EXPECT_TRUE(ThrownMessage([&] { probe.SetXmlString(QStringLiteral("<Probe><Value>a</Value>")); })
-                    .startsWith(QStringLiteral("XML error: ")));
-    EXPECT_TRUE(ThrownMessage([&] { probe.SetXmlString(QStringLiteral("<Probe/><Probe/>")); })
-                    .startsWith(QStringLiteral("XML error: ")));
-    EXPECT_TRUE(ThrownMessage([&] { probe.SetXmlString(QString()); })
-                    .contains(QStringLiteral("no root element")));
+    EXPECT_TRUE(ThrownMessage([&] {
+                    probe.SetXmlString(QStringLiteral("<Probe><Value>a</Value>"));
+                }).startsWith(QStringLiteral("XML error: ")));
+    EXPECT_TRUE(ThrownMessage([&] {
+                    probe.SetXmlString(QStringLiteral("<Probe/><Probe/>"));
+                }).startsWith(QStringLiteral("XML error: ")));
+    EXPECT_TRUE(ThrownMessage([&] {
+                    probe.SetXmlString(QString());
+                }).contains(QStringLiteral("no root element")));
 }
 
 TEST(HostOperations, WrongRootElementNamesExpectedAndFound) {
@@ -156,7 +161,8 @@ TEST(HostOperations, FailedSaveLeavesThePreviousFileByteForByte) {
     EXPECT_TRUE(ThrownMessage([&] { empty.SaveXml(path); }).contains(path));
     // A record whose validation fails is not written when validation is on.
     empty.SetValidate(true);
-    EXPECT_EQ(ThrownMessage([&] { empty.SaveXml(path); }), QStringLiteral("Probe: Please set Value!"));
+    EXPECT_EQ(ThrownMessage([&] { empty.SaveXml(path); }),
+              QStringLiteral("Probe: Please set Value!"));
 
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
     EXPECT_EQ(original.readAll(), before);

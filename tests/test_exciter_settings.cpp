@@ -1,3 +1,4 @@
+#include "RecordFixtures.h"
 #include "TestSupport.h"
 
 #include <Exciter_Settings.h>
@@ -5,6 +6,9 @@
 #include <QStringList>
 
 using namespace KELMORA;
+using testfixtures::CompletePath;
+using testfixtures::CompleteWDE;
+using testsupport::ChildNames;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
 
@@ -25,30 +29,8 @@ SCU CompleteSCU() {
     SCU scu;
     scu.SetFrequency(100e6);
     scu.SetTransmitTime(2);
-    ATTANTPath path;
-    path.SetATT1(true);
-    path.SetATT2(false);
-    path.SetATT3(false);
-    path.SetATT4(true);
-    path.SetATT5(false);
-    path.SetATT6(false);
-    scu.SetATTANTPath(path);
+    scu.SetATTANTPath(CompletePath());
     return scu;
-}
-
-WDE CompleteWDE() {
-    WDE wde;
-    wde.SetFrequency(2.4e9);
-    wde.SetBandwidth(20e6);
-    wde.SetMode(WDE::MODE_DETX);
-    wde.SetEmissiondetectorMode(WDE::EMISSIONDETECTORMODE_LOOP);
-    wde.SetEmissiondetectorDelay(0.5);
-    wde.SetEmissiondetectorAveraging(WDE::EMISSIONDETECTORAVERAGING_SHORT);
-    wde.SetExciterCount(1);
-    wde.SetExciterPulseLength(1e-3);
-    wde.SetExciterRXDelay(2e-6);
-    wde.SetExciterTXDelay(3e-6);
-    return wde;
 }
 
 Exciter_Settings Settings(const QString& mode) {
@@ -57,17 +39,6 @@ Exciter_Settings Settings(const QString& mode) {
     settings.SetTGN(CompleteTGN());
     settings.SetSCU(CompleteSCU());
     return settings;
-}
-
-QStringList ChildNames(const QString& xml) {
-    QStringList names;
-    QXmlStreamReader reader(xml);
-    reader.readNextStartElement();
-    while (reader.readNextStartElement()) {
-        names.append(reader.name().toString());
-        reader.skipCurrentElement();
-    }
-    return names;
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "RecordFixtures.h"
 #include "TestSupport.h"
 
 #include <WDE.h>
@@ -5,37 +6,12 @@
 #include <QStringList>
 
 using namespace KELMORA;
+using testfixtures::CompleteWDE;
+using testsupport::ChildNames;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
 
 namespace {
-
-// The names of the direct children of the record's written element, in order.
-QStringList ChildNames(const QString& xml) {
-    QStringList names;
-    QXmlStreamReader reader(xml);
-    reader.readNextStartElement();
-    while (reader.readNextStartElement()) {
-        names.append(reader.name().toString());
-        reader.skipCurrentElement();
-    }
-    return names;
-}
-
-WDE CompleteWDE() {
-    WDE wde;
-    wde.SetFrequency(2.4e9);
-    wde.SetBandwidth(20e6);
-    wde.SetMode(WDE::MODE_DETX);
-    wde.SetEmissiondetectorMode(WDE::EMISSIONDETECTORMODE_NONLOOP);
-    wde.SetEmissiondetectorDelay(0.5);
-    wde.SetEmissiondetectorAveraging(WDE::EMISSIONDETECTORAVERAGING_MIDDLE);
-    wde.SetExciterCount(2);
-    wde.SetExciterPulseLength(1e-3);
-    wde.SetExciterRXDelay(2e-6);
-    wde.SetExciterTXDelay(3e-6);
-    return wde;
-}
 
 QString WDEElement(const QString& children) {
     return QStringLiteral("<WDE Version=\"0.7\">%1</WDE>").arg(children);
