@@ -204,7 +204,7 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     Outcome help = Run({QStringLiteral("--help")});
     EXPECT_EQ(help.status, 0);
     for (const char* expected : {"check FILE...", "show FILE", "format FILE [-o OUT]", "ATTANTPath",
-                                 "2   a file could not be read"})
+                                 "WDE_Singlechanneldetector.", "2   a file could not be read"})
         EXPECT_TRUE(help.out.contains(QLatin1String(expected))) << expected;
 
     Outcome formatHelp = Run({QStringLiteral("format"), QStringLiteral("--help")});
