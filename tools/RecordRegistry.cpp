@@ -11,13 +11,32 @@ RecordRegistry& RecordRegistry::Instance() {
     return registry;
 }
 
-void RecordRegistry::Add(RecordType type) {
-    if (type.rootName.isEmpty() || Find(type.rootName))
-        throw std::logic_error("record registered without a name or twice");
-    m_types.push_back(std::move(type));
+void RecordRegistry::Add(Factory create, Printer print) {
+    m_pending.push_back({QString(), std::move(create), std::move(print)});
+    // Past the first lookup, static initialisation is over: name it now so a
+    // clash shows where it is made.
+    if (m_lookedUp)
+        Resolve();
+}
+
+void RecordRegistry::Resolve() const {
+    m_lookedUp = true;
+    while (!m_pending.empty()) {
+        RecordType type = std::move(m_pending.front());
+        m_pending.erase(m_pending.begin());
+        type.rootName = type.create()->GetObjectName();
+        const bool taken =
+            std::any_of(m_types.begin(), m_types.end(),
+                        [&](const RecordType& known) { return known.rootName == type.rootName; });
+        if (type.rootName.isEmpty() || taken)
+            throw std::logic_error("record registered without a name or twice: " +
+                                   type.rootName.toStdString());
+        m_types.push_back(std::move(type));
+    }
 }
 
 const RecordType* RecordRegistry::Find(const QString& rootName) const {
+    Resolve();
     const auto found = std::find_if(m_types.begin(), m_types.end(), [&](const RecordType& type) {
         return type.rootName == rootName;
     });
@@ -25,6 +44,7 @@ const RecordType* RecordRegistry::Find(const QString& rootName) const {
 }
 
 QStringList RecordRegistry::RootNames() const {
+    Resolve();
     QStringList names;
     for (const RecordType& type : m_types)
         names.append(type.rootName);

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -26,20 +27,37 @@ struct RecordType {
 // The records the tool handles, keyed by root element name. Records join it
 // through a RegisterRecord object in their show_<record>.cpp, so a record is
 // plugged in by adding that one file.
+//
+// Registrations run during static initialisation, in an unspecified order
+// across translation units, so adding a type touches nothing but this
+// registry: no record is created then. Root names are asked of the records
+// on the first lookup, once main() runs and every registration is in; nested
+// records find their printers at show time the same way.
 class RecordRegistry {
 public:
+    using Factory = std::function<std::unique_ptr<KELMORA::IKMObject>()>;
+    using Printer = std::function<void(const KELMORA::IKMObject&, TreePrinter&)>;
+
     static RecordRegistry& Instance();
 
-    // Throws std::logic_error for a root name that is already taken.
-    void Add(RecordType type);
+    // Throws std::logic_error, at the latest on the first lookup, for a
+    // record whose root name is empty or already taken.
+    void Add(Factory create, Printer print);
     const RecordType* Find(const QString& rootName) const;
     // Sorted.
     QStringList RootNames() const;
 
 private:
     RecordRegistry() = default;
+    // Names the pending types and moves them to m_types.
+    void Resolve() const;
 
-    std::vector<RecordType> m_types;
+    // Lookups are const to their callers; naming the pending types on the
+    // way is not a visible change. A deque, so that the pointers Find hands
+    // out survive later additions.
+    mutable std::deque<RecordType> m_types;
+    mutable std::vector<RecordType> m_pending;
+    mutable bool m_lookedUp = false;
 };
 
 // Registers Record under its own object name, with the function that writes
@@ -53,14 +71,13 @@ public:
 
     explicit RegisterRecord(Printer printer) {
         RecordRegistry::Instance().Add(
-            {Record().GetObjectName(),
-             [] { return std::unique_ptr<KELMORA::IKMObject>(std::make_unique<Record>()); },
-             [printer](const KELMORA::IKMObject& record, TreePrinter& out) {
-                 const auto* typed = dynamic_cast<const Record*>(&record);
-                 if (!typed)
-                     throw std::logic_error("record handed to the printer of another type");
-                 printer(*typed, out);
-             }});
+            [] { return std::unique_ptr<KELMORA::IKMObject>(std::make_unique<Record>()); },
+            [printer](const KELMORA::IKMObject& record, TreePrinter& out) {
+                const auto* typed = dynamic_cast<const Record*>(&record);
+                if (!typed)
+                    throw std::logic_error("record handed to the printer of another type");
+                printer(*typed, out);
+            });
     }
 };
 

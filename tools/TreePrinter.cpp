@@ -80,6 +80,17 @@ void TreePrinter::Numbers(const QString& name, const QVector<double>& values) {
     Line(name, texts.join(QStringLiteral(", ")));
 }
 
+void TreePrinter::Version(const KELMORA::IKMObject& record) {
+    Text(QStringLiteral("Version"), record.GetVersion());
+}
+
+void TreePrinter::ItemAttributes(const KELMORA::IKMObject& item, int index,
+                                 const QString& itemName) {
+    Version(item);
+    Integer(QStringLiteral("Index"), index, item.IsValid(index));
+    Text(QStringLiteral("Name"), itemName);
+}
+
 void TreePrinter::Section(const QString& title, const std::function<void()>& body) {
     Write(title);
     ++m_depth;

@@ -39,6 +39,15 @@ public:
     void Range(const QString& name, double value, double minimum, double maximum);
     // A list of numbers on one line, or "empty".
     void Numbers(const QString& name, const QVector<double>& values);
+    // The record's "Version" attribute.
+    void Version(const KELMORA::IKMObject& record);
+    // The attributes of a list item: "Version", "Index" (unset where the
+    // item's IsValid(int) rejects it) and "Name". The items' index and name
+    // getters are not const, hence the copy.
+    template <class Item> void ItemAttributes(const Item& item) {
+        Item copy = item;
+        ItemAttributes(item, copy.GetIndex(), copy.GetItemName());
+    }
 
     // A section headed by the title; body writes its content one level deeper.
     void Section(const QString& title, const std::function<void()>& body);
@@ -56,6 +65,7 @@ public:
     }
 
 private:
+    void ItemAttributes(const KELMORA::IKMObject& item, int index, const QString& itemName);
     void ListHeader(const QString& name, int count);
     void ListItem(int position, const KELMORA::IKMObject& item);
     void Body(const KELMORA::IKMObject& record);

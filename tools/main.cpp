@@ -15,10 +15,26 @@ namespace {
 
 using namespace tool;
 
+// The record names after the lead-in, wrapped to the width of the help text.
+QString RecordNames(const QString& leadIn) {
+    const int width = 80;
+    const QStringList names = RecordRegistry::Instance().RootNames();
+    QString text = leadIn;
+    int lineLength = leadIn.size();
+    for (int i = 0; i < names.size(); ++i) {
+        const QString word = names.at(i) + QLatin1Char(i + 1 < names.size() ? ',' : '.');
+        const bool fits = lineLength + 1 + word.size() <= width;
+        text += fits ? QLatin1Char(' ') : QLatin1Char('\n');
+        lineLength = fits ? lineLength + 1 + word.size() : word.size();
+        text += word;
+    }
+    return text;
+}
+
 QString Description() {
     return QStringLiteral(
                "Checks, shows and formats ExciterSettings XML files. The root element of a file\n"
-               "names its record: %1.\n"
+               "%1\n"
                "\n"
                "Commands:\n"
                "  check FILE...         Load and validate each file; prints \"FILE: OK\" or\n"
@@ -36,7 +52,7 @@ QString Description() {
                "      element, or rejected by its record while loading (such as an unknown\n"
                "      element); the reason goes to standard error as \"FILE: <reason>\"\n"
                "  64  wrong usage")
-        .arg(RecordRegistry::Instance().RootNames().join(QStringLiteral(", ")));
+        .arg(RecordNames(QStringLiteral("names its record:")));
 }
 
 int UsageError(QTextStream& err, const QString& text) {

@@ -1,6 +1,8 @@
 // Runs the exciter-settings program as a user would. The program is the one
 // built in the tree, or the one named by EXCITER_SETTINGS_TOOL (the installed
 // copy, see RunInstalledTool.cmake).
+#include <WDE.h>
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -25,6 +27,10 @@ struct Outcome {
 };
 
 const QString kExample = QStringLiteral(EXAMPLES_DIR "/attantpath.xml");
+
+QString ExampleFile(const char* name) {
+    return QStringLiteral(EXAMPLES_DIR "/") + QLatin1String(name);
+}
 
 QByteArray ReadAll(const QString& path) {
     QFile file(path);
@@ -198,7 +204,7 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     Outcome help = Run({QStringLiteral("--help")});
     EXPECT_EQ(help.status, 0);
     for (const char* expected : {"check FILE...", "show FILE", "format FILE [-o OUT]", "ATTANTPath",
-                                 "2   a file could not be read"})
+                                 "WDE_Singlechanneldetector.", "2   a file could not be read"})
         EXPECT_TRUE(help.out.contains(QLatin1String(expected))) << expected;
 
     Outcome formatHelp = Run({QStringLiteral("format"), QStringLiteral("--help")});
@@ -221,6 +227,99 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     EXPECT_TRUE(
         Run({QStringLiteral("validate")})
             .err.startsWith(QLatin1String("exciter-settings: unknown command 'validate'\n")));
+}
+
+TEST_F(ToolCommandLine, CheckKnowsEveryBundledExampleByItsRootElement) {
+    QStringList files;
+    QString expected;
+    for (const char* name : {"attantpath.xml", "continuous.xml", "sweep.xml", "look_through.xml",
+                             "invalid_missing_transmit_time.xml"}) {
+        files.append(ExampleFile(name));
+        const bool failing = QLatin1String(name).startsWith(QLatin1String("invalid"));
+        expected += files.last() + (failing ? QStringLiteral(": SCU: Please set TransmitTime!\n")
+                                            : QStringLiteral(": OK\n"));
+        Outcome single = Run({QStringLiteral("check"), files.last()});
+        EXPECT_EQ(single.status, failing ? 1 : 0) << name;
+    }
+    Outcome all = Run(QStringList{QStringLiteral("check")} + files);
+    EXPECT_EQ(all.status, 1);
+    EXPECT_EQ(all.out, expected);
+    EXPECT_EQ(all.err, QString());
+}
+
+TEST_F(ToolCommandLine, ShowWritesTheWholeTreeWithItemsAndDecodedNumbers) {
+    Outcome lookThrough = Run({QStringLiteral("show"), ExampleFile("look_through.xml")});
+    EXPECT_EQ(lookThrough.status, 0);
+    EXPECT_EQ(lookThrough.err, QString());
+    const char* const expectedParts[] = {
+        "Exciter_Settings\n  Version: 1.0\n  ExciterMode: Look Through\n  Autostart: true\n  TGN\n",
+        "    AMDepth: unset\n",
+        "    ScanParameter\n      StartFrequency: unset\n",
+        "  SCU\n    Version: 1.0\n    Frequency\n      Value: 433920000\n",
+        "    TransmitTime: 2.5\n    ATTANTPath\n      ATT1: true\n",
+        "  WDE\n    Version: 0.1\n    Frequency: 433920000\n    Bandwidth: 200000\n"
+        "    Mode: DETX\n",
+        // The raster frequencies travel as Base64 and are shown decoded.
+        "        Amplifier: UHF1\n        Frequency: 433050000, 433925000, 434790000\n",
+        "    ExciterList: 2 items\n      [0] WDE_Exciter\n        Version: 0.1\n"
+        "        Index: 0\n        Name: unset\n        SignalType: FSK2\n",
+        "      [1] WDE_Exciter\n        Version: 0.1\n        Index: 1\n",
+        "        FrequencyShift: unset\n        Level: -19\n    GuardTime: 0.001\n",
+        "        FrequencyList: -25000, 0, 25000\n    Attenuation: ON\n",
+        "    AGCValue: unset\n    MGCValue: 12.5\n",
+    };
+    for (const char* part : expectedParts)
+        EXPECT_TRUE(lookThrough.out.contains(QLatin1String(part))) << part;
+
+    // Outside the modes that use it, WDE is not part of the settings.
+    Outcome continuous = Run({QStringLiteral("show"), ExampleFile("continuous.xml")});
+    EXPECT_EQ(continuous.status, 0);
+    EXPECT_TRUE(continuous.out.contains(QLatin1String("  ExciterMode: Continuous\n")));
+    EXPECT_TRUE(continuous.out.endsWith(QLatin1String("      ATT6: false\n"))) << "no WDE section";
+}
+
+TEST_F(ToolCommandLine, ShowMarksEveryGapOfAFreshWDEAsUnset) {
+    KELMORA::WDE().SaveXml(Path(QStringLiteral("fresh.xml")));
+    Outcome fresh = Run({QStringLiteral("show"), QStringLiteral("fresh.xml")});
+    EXPECT_EQ(fresh.status, 0);
+    // A fresh WDE writes its unset doubles as -111111, which reads back as a
+    // set value; its unset count and enumerations read back unset.
+    EXPECT_EQ(fresh.out, QStringLiteral("WDE\n"
+                                        "  Version: 0.1\n"
+                                        "  Frequency: unset\n"
+                                        "  Bandwidth: unset\n"
+                                        "  Mode: unset\n"
+                                        "  EmissiondetectorMode: unset\n"
+                                        "  EmissiondetectorDelay: -111111\n"
+                                        "  EmissiondetectorAveraging: unset\n"
+                                        "  SinglechanneldetectorList: empty\n"
+                                        "  RasterdetectorList: empty\n"
+                                        "  ExciterCount: unset\n"
+                                        "  ExciterPulseLength: -111111\n"
+                                        "  ExciterRXDelay: -111111\n"
+                                        "  ExciterTXDelay: -111111\n"
+                                        "  ExciterList: empty\n"
+                                        "  GuardTime: -111111\n"
+                                        "  SimulationList: empty\n"
+                                        "  Attenuation: unset\n"
+                                        "  AttenuationMode: unset\n"
+                                        "  AttenuationValue: unset\n"
+                                        "  GainControl: unset\n"
+                                        "  AGCValue: unset\n"
+                                        "  MGCValue: unset\n"));
+}
+
+TEST_F(ToolCommandLine, FormatOfAnExampleIsStableAndKeepsEverySetting) {
+    const QString example = ExampleFile("look_through.xml");
+    const QString once = QStringLiteral("once.xml");
+    const QString twice = QStringLiteral("twice.xml");
+    EXPECT_EQ(Run({QStringLiteral("format"), example, QStringLiteral("-o"), once}).status, 0);
+    Outcome checked = Run({QStringLiteral("check"), once});
+    EXPECT_EQ(checked.status, 0);
+    EXPECT_EQ(checked.out, once + QStringLiteral(": OK\n"));
+    EXPECT_EQ(Run({QStringLiteral("format"), once, QStringLiteral("-o"), twice}).status, 0);
+    EXPECT_EQ(ReadAll(Path(twice)), ReadAll(Path(once)));
+    EXPECT_EQ(Run({QStringLiteral("show"), once}).out, Run({QStringLiteral("show"), example}).out);
 }
 
 } // namespace

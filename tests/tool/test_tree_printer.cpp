@@ -108,7 +108,12 @@ TEST(TreePrinter, NestedRecordsAndListsIndentOneLevelPerSection) {
 
 TEST(TreePrinter, RegistryKnowsEachRecordByItsRootElement) {
     const tool::RecordRegistry& registry = tool::RecordRegistry::Instance();
-    EXPECT_TRUE(registry.RootNames().contains(QStringLiteral("ATTANTPath")));
+    EXPECT_EQ(registry.RootNames(),
+              QStringList({QStringLiteral("ATTANTPath"), QStringLiteral("Exciter_Settings"),
+                           QStringLiteral("SCU"), QStringLiteral("TGN"), QStringLiteral("WDE"),
+                           QStringLiteral("WDE_Exciter"), QStringLiteral("WDE_Rasterdetector"),
+                           QStringLiteral("WDE_Simulation"),
+                           QStringLiteral("WDE_Singlechanneldetector")}));
     EXPECT_EQ(registry.Find(QStringLiteral("attantpath")), nullptr);
     const tool::RecordType* type = registry.Find(QStringLiteral("ATTANTPath"));
     ASSERT_NE(type, nullptr);
