@@ -275,6 +275,8 @@ TEST(ValueMinMaxRecord, KeepsEveryDoubleExactlyAndUnsetStaysUnset) {
     EXPECT_EQ(read.value, range.value);
     EXPECT_EQ(read.minimum, range.minimum);
     EXPECT_EQ(read.maximum, range.maximum);
+    EXPECT_EQ(testsupport::WrittenXml(ValueMinMax(QStringLiteral("F"), 433.92e6, 2e7, 0.125)),
+              QStringLiteral("<F Minimum=\"20000000\" Maximum=\"0.125\">433920000</F>"));
 
     ValueMinMax unset(QStringLiteral("Bandwidth"));
     ValueMinMax back(QStringLiteral("Bandwidth"), 5, 5, 5);
