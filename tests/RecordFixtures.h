@@ -2,6 +2,8 @@
 #define EXCITERSETTINGS_TESTS_RECORDFIXTURES_H
 
 #include <ATTANTPath.h>
+#include <SCU.h>
+#include <TGN.h>
 #include <WDE.h>
 
 // Complete records shared by several test files.
@@ -13,12 +15,33 @@ using namespace KELMORA;
 inline ATTANTPath CompletePath() {
     ATTANTPath path;
     path.SetATT1(true);
-    path.SetATT2(false);
-    path.SetATT3(false);
     path.SetATT4(true);
-    path.SetATT5(false);
-    path.SetATT6(false);
+    for (auto off :
+         {&ATTANTPath::SetATT2, &ATTANTPath::SetATT3, &ATTANTPath::SetATT5, &ATTANTPath::SetATT6})
+        (path.*off)(false);
     return path;
+}
+
+inline SCU CompleteSCU() {
+    SCU scu;
+    scu.SetFrequency(100.5);
+    scu.SetFrequencyMinMax(20, 3000);
+    scu.SetTransmitTime(12);
+    scu.SetATTANTPath(CompletePath());
+    return scu;
+}
+
+// Everything that Check() requires; the bandwidth range is left unset.
+inline TGN CompleteTGN() {
+    TGN tgn;
+    tgn.SetFrequency(100);
+    tgn.SetFrequencyMinMax(10, 1000);
+    tgn.SetBandwidth(25);
+    tgn.SetPower(12.5);
+    tgn.SetLevelSettingsMode(QStringLiteral("auto"));
+    tgn.SetReference(QStringLiteral("intern"));
+    tgn.SetTGNModulation(QStringLiteral("CW"));
+    return tgn;
 }
 
 // Everything that Check() requires, with empty lists.

@@ -4,8 +4,7 @@
 #include <IKMObject.h>
 #include <KMException.h>
 
-#include <QBuffer>
-#include <QByteArray>
+#include <QFile>
 #include <QString>
 #include <QStringList>
 #include <QXmlStreamReader>
@@ -36,6 +35,10 @@ inline QString ThrownMessage(const std::function<void()>& call) {
     return QString();
 }
 
+inline QString CheckMessage(const KELMORA::IKMObject& record) {
+    return ThrownMessage([&] { record.Check(); });
+}
+
 // What GetXml writes, without a document declaration and without indentation.
 inline QString WrittenXml(const KELMORA::IKMObject& record) {
     QString text;
@@ -44,9 +47,17 @@ inline QString WrittenXml(const KELMORA::IKMObject& record) {
     return text;
 }
 
-// Reads a record from the given element text (the record's own element).
-inline void ReadElement(KELMORA::IKMObject& record, const QString& xml) {
+// A fresh record read from the given element text.
+template <class Record> Record ReadFrom(const QString& xml) {
+    Record record;
     record.SetXmlString(xml);
+    return record;
+}
+
+// The bytes of a file, or a marker when it cannot be read.
+inline QByteArray FileContents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
 // The names of the direct children of a written element, in order.
@@ -59,6 +70,11 @@ inline QStringList ChildNames(const QString& xml) {
         reader.skipCurrentElement();
     }
     return names;
+}
+
+// "A B C" as a list, for expected element orders.
+inline QStringList Words(const char* text) {
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
 }
 
 } // namespace testsupport

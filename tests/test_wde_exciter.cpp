@@ -3,7 +3,7 @@
 #include <WDE_Exciter.h>
 
 using namespace KELMORA;
-using testsupport::ThrownMessage;
+using testsupport::CheckMessage;
 using testsupport::WrittenXml;
 
 namespace {
@@ -12,25 +12,10 @@ const QString kNewItemXml = QStringLiteral(
     "<WDE_Exciter Version=\"0.1\"><SignalType></SignalType><SymbolRate>-111111</SymbolRate>"
     "<Level>-111111</Level></WDE_Exciter>");
 
-QString CheckMessage(const WDE_Exciter& item) {
-    return ThrownMessage([&] { item.Check(); });
-}
-
 } // namespace
-
-TEST(WDEExciterItem, SignalTypeConvertersAreExact) {
-    const WDE_Exciter item;
-    EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("FSK2")), WDE_Exciter::FSK2);
-    EXPECT_EQ(item.GetStringForSignalType(WDE_Exciter::FSK2), QStringLiteral("FSK2"));
-    EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("fsk2")), -1);
-    EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("MSK ")), -1);
-    EXPECT_EQ(item.GetSignalTypeForString(QString()), -1);
-    EXPECT_TRUE(item.GetStringForSignalType(static_cast<WDE_Exciter::SignalType>(3)).isEmpty());
-}
 
 TEST(WDEExciterItem, WritesAttributesAndChildrenInOrderWithSixDigits) {
     EXPECT_EQ(WrittenXml(WDE_Exciter()), kNewItemXml);
-
     WDE_Exciter item(4);
     item.SetItemName(QStringLiteral("Ex A"));
     item.SetSignalType(WDE_Exciter::MSK);
@@ -48,19 +33,10 @@ TEST(WDEExciterItem, WritesAttributesAndChildrenInOrderWithSixDigits) {
     EXPECT_TRUE(item.HasData());
     EXPECT_NO_THROW(item.Check());
     EXPECT_TRUE(WrittenXml(item).contains(QStringLiteral("<SignalType></SignalType>")));
-}
-
-TEST(WDEExciterItem, WrittenUnsetMarkersReadBackAsSetValues) {
-    WDE_Exciter item;
-    item.SetXmlString(kNewItemXml);
-    EXPECT_EQ(item.GetSymbolRate(), -111111.0);
-    EXPECT_EQ(item.GetLevel(), -111111.0);
-    EXPECT_EQ(item.GetFrequencyShift(), -111111.11);
-    EXPECT_FALSE(item.HasData());
-    EXPECT_TRUE(item.AnyData());
-    EXPECT_EQ(CheckMessage(item), QStringLiteral("WDE_Exciter: Please set SignalType!"));
-    item.SetSignalType(WDE_Exciter::CW);
-    EXPECT_NO_THROW(item.Check());
+    EXPECT_TRUE(item.GetStringForSignalType(static_cast<WDE_Exciter::SignalType>(3)).isEmpty());
+    EXPECT_EQ(item.GetStringForSignalType(WDE_Exciter::FSK2), QStringLiteral("FSK2"));
+    EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("FSK2")), WDE_Exciter::FSK2);
+    EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("fsk2")), -1);
 }
 
 TEST(WDEExciterItem, CheckOrderAndDataQueries) {
@@ -68,7 +44,7 @@ TEST(WDEExciterItem, CheckOrderAndDataQueries) {
     EXPECT_FALSE(item.AnyData());
     item.SetFrequencyShift(100);
     EXPECT_TRUE(item.AnyData());
-    EXPECT_FALSE(item.HasData());
+    EXPECT_EQ(CheckMessage(item), QStringLiteral("WDE_Exciter: Please set SignalType!"));
     item.SetSignalType(WDE_Exciter::FSK2);
     item.SetLevel(-3);
     EXPECT_EQ(CheckMessage(item), QStringLiteral("WDE_Exciter: Please set SymbolRate!"));
@@ -80,14 +56,25 @@ TEST(WDEExciterItem, CheckOrderAndDataQueries) {
     EXPECT_TRUE(item.HasData());
 }
 
-TEST(WDEExciterItem, AttributesReadOnlyWhenPresentAndResetKeepsVersion) {
+TEST(WDEExciterItem, ReadingMarkersAttributesAndUnknownChildren) {
+    // Written unset markers read back as set values, but not the signal type.
     WDE_Exciter item(7);
     item.SetItemName(QStringLiteral("kept"));
-    item.SetXmlString(QStringLiteral("<WDE_Exciter><Level>2</Level></WDE_Exciter>"));
+    item.SetXmlString(QString(kNewItemXml).remove(QStringLiteral(" Version=\"0.1\"")));
+    EXPECT_EQ(item.GetSymbolRate(), -111111.0);
+    EXPECT_EQ(item.GetFrequencyShift(), -111111.11);
+    EXPECT_EQ(CheckMessage(item), QStringLiteral("WDE_Exciter: Please set SignalType!"));
     EXPECT_TRUE(WrittenXml(item).startsWith(
         QStringLiteral("<WDE_Exciter Version=\"\" Index=\"7\" Name=\"kept\">")));
 
-    item.SetXmlString(QStringLiteral("<WDE_Exciter Version=\"0.2\" Index=\"x1\" Name=\"\"/>"));
+    item.SetXmlString(QStringLiteral("<WDE_Exciter Version=\"0.2\" Index=\"x1\" Name=\"\">"
+                                     "<SignalType>CW</SignalType><GuardTime><Level>9</Level>"
+                                     "</GuardTime><level>8</level><SymbolRate>abc</SymbolRate>"
+                                     "<Level>-12.5</Level><SignalType>cw</SignalType>"
+                                     "</WDE_Exciter>"));
+    EXPECT_EQ(item.GetSymbolRate(), 0.0);
+    EXPECT_EQ(item.GetLevel(), -12.5);
+    EXPECT_EQ(item.GetSignalType(), -1);
     EXPECT_TRUE(
         WrittenXml(item).startsWith(QStringLiteral("<WDE_Exciter Version=\"0.2\" Index=\"0\">")));
 
@@ -95,15 +82,4 @@ TEST(WDEExciterItem, AttributesReadOnlyWhenPresentAndResetKeepsVersion) {
     EXPECT_FALSE(item.AnyData());
     EXPECT_EQ(WrittenXml(item),
               QString(kNewItemXml).replace(QStringLiteral("0.1"), QStringLiteral("0.2")));
-}
-
-TEST(WDEExciterItem, UnknownChildIsPassedOverAndLaterChildrenRead) {
-    WDE_Exciter item;
-    item.SetXmlString(QStringLiteral("<WDE_Exciter><SignalType>CW</SignalType>"
-                                     "<GuardTime><Level>9</Level></GuardTime><level>8</level>"
-                                     "<SymbolRate>abc</SymbolRate><Level>-12.5</Level>"
-                                     "<SignalType>cw</SignalType></WDE_Exciter>"));
-    EXPECT_EQ(item.GetSymbolRate(), 0.0);
-    EXPECT_EQ(item.GetLevel(), -12.5);
-    EXPECT_EQ(CheckMessage(item), QStringLiteral("WDE_Exciter: Please set SignalType!"));
 }
