@@ -53,9 +53,7 @@ TEST(ExciterSettingsRecord, ModeNamesConversionsAndTheirFailures) {
     for (const auto& [call, message] : failures)
         EXPECT_EQ(ThrownMessage(call), QString::fromLatin1(message));
     EXPECT_EQ(settings.GetExciterMode(), 6); // failed setters keep the mode
-    EXPECT_EQ(settings.ExciterModeTypeToName(Exciter_Settings::EXCITERMODE_BROADCAST),
-              QStringLiteral("Broadcast"));
-    EXPECT_EQ(settings.NameToExciterModeType(QStringLiteral("Barrage")), 10);
+    EXPECT_EQ(settings.NameToExciterModeType(QStringLiteral("Broadcast")), 11);
 
     for (int mode = -1; mode <= 12; ++mode) {
         const auto type = static_cast<Exciter_Settings::ExciterModeType>(mode);

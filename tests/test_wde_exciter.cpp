@@ -34,8 +34,6 @@ TEST(WDEExciterItem, WritesAttributesAndChildrenInOrderWithSixDigits) {
     EXPECT_NO_THROW(item.Check());
     EXPECT_TRUE(WrittenXml(item).contains(QStringLiteral("<SignalType></SignalType>")));
     EXPECT_TRUE(item.GetStringForSignalType(static_cast<WDE_Exciter::SignalType>(3)).isEmpty());
-    EXPECT_EQ(item.GetStringForSignalType(WDE_Exciter::FSK2), QStringLiteral("FSK2"));
-    EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("FSK2")), WDE_Exciter::FSK2);
     EXPECT_EQ(item.GetSignalTypeForString(QStringLiteral("fsk2")), -1);
 }
 

@@ -146,6 +146,7 @@ TEST(WDERasterdetectorItem, ReadingPassesOverUnknownChildrenAndUsesDisplayTexts)
     EXPECT_EQ(record.GetAvgTimeForString(QStringLiteral("MIDDLe")), -1);
     EXPECT_EQ(record.GetAvgTimeForSKPIString(QStringLiteral("SHORt")), Raster::AVGTIME_SHORT);
     EXPECT_EQ(record.GetAvgTimeForSKPIString(QStringLiteral("SHORT")), -1);
+    EXPECT_EQ(record.GetAvgTimeForSKPIString(QStringLiteral("LONG")), Raster::AVGTIME_LONG);
     EXPECT_EQ(record.GetSKPIStringForAvgTime(Raster::AVGTIME_MIDDLE), QStringLiteral("MIDDLe"));
 
     // AnyData ignores Active but counts the list.

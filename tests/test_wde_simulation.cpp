@@ -53,31 +53,23 @@ TEST(WDESimulationRecord, WritesEveryChildInOrderWithMarkersForUnsetValues) {
 }
 
 TEST(WDESimulationRecord, ReadingKeepsItemAttributesAcrossTheWrapperAndAppends) {
-    WDE_Simulation item;
-    item.SetXmlString(PnSimulation().GetXmlString());
-    item.SetXmlString(PnSimulation().GetXmlString());
-    EXPECT_EQ(item.GetIndex(), 2);
-    EXPECT_EQ(item.GetItemName(), QStringLiteral("sweep"));
-    EXPECT_EQ(item.GetRelativeFrequencyList(),
-              (QVector<double>{-25000.0, 0.0, 123457000.0, -25000.0, 0.0, 123457000.0}));
-
     // The wrapper's attributes are not the item's; absent item attributes
-    // keep Index and Name; an unknown child is skipped with its content.
-    WDE_Simulation other(5);
-    other.SetItemName(QStringLiteral("kept"));
-    other.SetXmlString(QStringLiteral(
+    // keep Index and Name; the list grows; an unknown child is skipped whole.
+    auto item = testsupport::ReadFrom<WDE_Simulation>(PnSimulation().GetXmlString());
+    item.SetXmlString(QStringLiteral(
         "<WDE_Simulation Version=\"7.2\"><Frequency>1</Frequency>"
         "<Extra><ExciterSet>99</ExciterSet><Frequency>5</Frequency></Extra>"
         "<FrequencyList Version=\"9\" Index=\"8\" Name=\"w\"><Frequency>2</Frequency>"
         "<HopWidth>12.5</HopWidth></FrequencyList><Type>pn</Type><ExciterSet>x</ExciterSet>"
         "</WDE_Simulation>"));
-    EXPECT_EQ(other.GetVersion(), QStringLiteral("7.2"));
-    EXPECT_EQ(other.GetIndex(), 5);
-    EXPECT_EQ(other.GetItemName(), QStringLiteral("kept"));
-    EXPECT_EQ(other.GetRelativeFrequencyList(), (QVector<double>{1.0, 2.0}));
-    EXPECT_EQ(other.GetHopWidth(), 12.5);
-    EXPECT_EQ(other.GetType(), kUnsetType);
-    EXPECT_EQ(other.GetExciterSet(), 0u);
+    EXPECT_EQ(item.GetVersion(), QStringLiteral("7.2"));
+    EXPECT_EQ(item.GetIndex(), 2);
+    EXPECT_EQ(item.GetItemName(), QStringLiteral("sweep"));
+    EXPECT_EQ(item.GetRelativeFrequencyList(),
+              (QVector<double>{-25000.0, 0.0, 123457000.0, 1.0, 2.0}));
+    EXPECT_EQ(item.GetHopWidth(), 12.5);
+    EXPECT_EQ(item.GetType(), kUnsetType);
+    EXPECT_EQ(item.GetExciterSet(), 0u);
 }
 
 TEST(WDESimulationRecord, ConvertersChecksAndReset) {
