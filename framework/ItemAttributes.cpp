@@ -23,8 +23,8 @@ void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QStr
         itemName = attributes.value(ElementNames::Name).toString();
 }
 
-void WriteItem(const IKMObject& record, QXmlStreamWriter& writer, const QString& version,
-               int index, const QString& itemName) {
+void WriteItem(const IKMObject& record, QXmlStreamWriter& writer, const QString& version, int index,
+               const QString& itemName) {
     WriteVersion(writer, version);
     if (record.IsValid(index))
         writer.writeAttribute(ElementNames::Index, QString::number(index, 10));

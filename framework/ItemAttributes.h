@@ -22,8 +22,8 @@ void WriteVersion(QXmlStreamWriter& writer, const QString& version);
 void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QString& itemName);
 // "Version" always, "Index" when the record's IsValid(int) accepts it, "Name"
 // when not empty.
-void WriteItem(const IKMObject& record, QXmlStreamWriter& writer, const QString& version,
-               int index, const QString& itemName);
+void WriteItem(const IKMObject& record, QXmlStreamWriter& writer, const QString& version, int index,
+               const QString& itemName);
 
 } // namespace ItemAttributes
 } // namespace KELMORA

@@ -8,23 +8,41 @@ const QString kTrue = QStringLiteral("true");
 const QString kFalse = QStringLiteral("false");
 } // namespace
 
-QString FixedTwo(double value) { return QStringLiteral("%1").arg(value, 0, 'f', 2); }
+QString FixedTwo(double value) {
+    return QStringLiteral("%1").arg(value, 0, 'f', 2);
+}
 
-QString GeneralSix(double value) { return QString::number(value, 'g', 6); }
+QString GeneralSix(double value) {
+    return QString::number(value, 'g', 6);
+}
 
-QString Integer(int value) { return QStringLiteral("%1").arg(value, 0, 10); }
+QString Integer(int value) {
+    return QStringLiteral("%1").arg(value, 0, 10);
+}
 
-QString Unsigned(unsigned int value) { return QString::number(value, 10); }
+QString Unsigned(unsigned int value) {
+    return QString::number(value, 10);
+}
 
-QString Flag(bool value) { return value ? kTrue : kFalse; }
+QString Flag(bool value) {
+    return value ? kTrue : kFalse;
+}
 
-double ToDouble(const QString& text) { return text.toDouble(); }
+double ToDouble(const QString& text) {
+    return text.toDouble();
+}
 
-int ToInt(const QString& text) { return text.toInt(nullptr, 10); }
+int ToInt(const QString& text) {
+    return text.toInt(nullptr, 10);
+}
 
-unsigned int ToUnsigned(const QString& text) { return text.toUInt(nullptr, 10); }
+unsigned int ToUnsigned(const QString& text) {
+    return text.toUInt(nullptr, 10);
+}
 
-bool IsTrue(const QString& text) { return text == kTrue; }
+bool IsTrue(const QString& text) {
+    return text == kTrue;
+}
 
 } // namespace RecordFormat
 } // namespace KELMORA

@@ -20,8 +20,7 @@ KMException UnknownTag(const QString& child, const QString& object) {
 }
 
 KMException UnknownChoice(const QString& object, const QString& field, const QString& value) {
-    return KMException(
-        QStringLiteral("%1: Unknown %2 '%3'").arg(object).arg(field).arg(value));
+    return KMException(QStringLiteral("%1: Unknown %2 '%3'").arg(object).arg(field).arg(value));
 }
 
 KMException UnknownNamed(const QString& what, const QString& value) {

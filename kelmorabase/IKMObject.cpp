@@ -44,8 +44,8 @@ void ThrowIfReaderFailed(const QXmlStreamReader& reader) {
 } // namespace
 
 IKMObject::IKMObject()
-    : m_objectType(OBJECT_TYPE_NONE), m_validate(false), m_logger(nullptr),
-      m_processXmlNesting(0) {}
+    : m_objectType(OBJECT_TYPE_NONE), m_validate(false), m_logger(nullptr), m_processXmlNesting(0) {
+}
 
 IKMObject::IKMObject(ObjectTypes type)
     : m_objectType(type), m_validate(false), m_logger(nullptr), m_processXmlNesting(0) {}
@@ -64,7 +64,9 @@ IKMObject& IKMObject::operator=(const IKMObject& other) {
 
 IKMObject::~IKMObject() = default;
 
-bool IKMObject::HasData() const { return false; }
+bool IKMObject::HasData() const {
+    return false;
+}
 
 void IKMObject::Reset() {}
 
@@ -81,25 +83,55 @@ bool IKMObject::Check(bool throwOnFailure) const {
 
 void IKMObject::Check() const {}
 
-bool IKMObject::IsValid(float value) const { return value != InvalidFloat; }
-bool IKMObject::IsValid(bool value) const { return value; }
-bool IKMObject::IsValid(unsigned int value) const { return value != InvalidUnsignedInt; }
-bool IKMObject::IsValid(long long value) const { return value != kInvalidLongLong; }
-bool IKMObject::IsValid(const QDateTime& value) const { return value.isValid(); }
-bool IKMObject::IsValid(const QString& value) const { return !value.isEmpty(); }
-bool IKMObject::IsValid(double value) const { return value != InvalidDouble; }
-bool IKMObject::IsValid(int value) const { return value != kInvalidInt; }
+bool IKMObject::IsValid(float value) const {
+    return value != InvalidFloat;
+}
+bool IKMObject::IsValid(bool value) const {
+    return value;
+}
+bool IKMObject::IsValid(unsigned int value) const {
+    return value != InvalidUnsignedInt;
+}
+bool IKMObject::IsValid(long long value) const {
+    return value != kInvalidLongLong;
+}
+bool IKMObject::IsValid(const QDateTime& value) const {
+    return value.isValid();
+}
+bool IKMObject::IsValid(const QString& value) const {
+    return !value.isEmpty();
+}
+bool IKMObject::IsValid(double value) const {
+    return value != InvalidDouble;
+}
+bool IKMObject::IsValid(int value) const {
+    return value != kInvalidInt;
+}
 
-void IKMObject::SetInvalid(float& value) const { value = InvalidFloat; }
-void IKMObject::SetInvalid(unsigned int& value) const { value = InvalidUnsignedInt; }
-void IKMObject::SetInvalid(long long& value) const { value = kInvalidLongLong; }
-void IKMObject::SetInvalid(QString& value) const { value.clear(); }
-void IKMObject::SetInvalid(double& value) const { value = InvalidDouble; }
-void IKMObject::SetInvalid(int& value) const { value = kInvalidInt; }
+void IKMObject::SetInvalid(float& value) const {
+    value = InvalidFloat;
+}
+void IKMObject::SetInvalid(unsigned int& value) const {
+    value = InvalidUnsignedInt;
+}
+void IKMObject::SetInvalid(long long& value) const {
+    value = kInvalidLongLong;
+}
+void IKMObject::SetInvalid(QString& value) const {
+    value.clear();
+}
+void IKMObject::SetInvalid(double& value) const {
+    value = InvalidDouble;
+}
+void IKMObject::SetInvalid(int& value) const {
+    value = kInvalidInt;
+}
 
 void IKMObject::GetXml(QXmlStreamWriter&) const {}
 
-void IKMObject::GetBinary(QDataStream& out) const { out << GetXmlString().toUtf8(); }
+void IKMObject::GetBinary(QDataStream& out) const {
+    out << GetXmlString().toUtf8();
+}
 
 void IKMObject::SetBinary(QDataStream& in) {
     QByteArray xml;
@@ -134,16 +166,14 @@ void IKMObject::SetBinaryRepresentation(QDataStream& in) {
                                      ? qUncompress(compressed)
                                      : QByteArray();
         if (frame.isEmpty())
-            throw KMException(
-                QStringLiteral("%1: compressed binary representation is corrupt")
-                    .arg(GetObjectName()));
+            throw KMException(QStringLiteral("%1: compressed binary representation is corrupt")
+                                  .arg(GetObjectName()));
         QDataStream inner(frame);
         inner.setVersion(kStreamVersion);
         inner >> magic;
         if (magic != kFrameMagic)
-            throw KMException(
-                QStringLiteral("%1: compressed binary representation is corrupt")
-                    .arg(GetObjectName()));
+            throw KMException(QStringLiteral("%1: compressed binary representation is corrupt")
+                                  .arg(GetObjectName()));
         ReadBinaryFrame(inner);
         return;
     }
@@ -170,8 +200,8 @@ void IKMObject::ReadBinaryFrame(QDataStream& in) {
 
 void IKMObject::MergeKMObject(const IKMObject& other) {
     if (other.GetObjectName() != GetObjectName())
-        throw KMException(QStringLiteral("%1: cannot merge '%2'")
-                              .arg(GetObjectName(), other.GetObjectName()));
+        throw KMException(
+            QStringLiteral("%1: cannot merge '%2'").arg(GetObjectName(), other.GetObjectName()));
     if (&other == this)
         return;
     QXmlStreamReader reader(other.GetXmlString());
@@ -181,7 +211,9 @@ void IKMObject::MergeKMObject(const IKMObject& other) {
     ThrowIfReaderFailed(reader);
 }
 
-ObjectTypes IKMObject::GetObjectType() const { return m_objectType; }
+ObjectTypes IKMObject::GetObjectType() const {
+    return m_objectType;
+}
 
 QString IKMObject::GetObjectName() const {
     return m_objectName.isEmpty() ? GetObjectTypeName(m_objectType) : m_objectName;
@@ -216,7 +248,9 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
                           .arg(reader.lineNumber()));
 }
 
-QString IKMObject::GetXmlString() const { return QString::fromUtf8(WriteDocument()); }
+QString IKMObject::GetXmlString() const {
+    return QString::fromUtf8(WriteDocument());
+}
 
 void IKMObject::GetBinaryRepresentation(QDataStream& out) const {
     out.setVersion(kStreamVersion);
@@ -254,8 +288,8 @@ void IKMObject::LoadXml(QFile& file) {
             throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
                                   .arg(file.fileName(), file.errorString()));
         if (!file.isReadable())
-            throw KMException(
-                QStringLiteral("Cannot read '%1': it is not open for reading").arg(file.fileName()));
+            throw KMException(QStringLiteral("Cannot read '%1': it is not open for reading")
+                                  .arg(file.fileName()));
         QXmlStreamReader reader(&file);
         ReadDocument(reader, m_validate);
     } catch (const KelmoraException& failure) {
@@ -299,22 +333,34 @@ void IKMObject::SaveXml(const QString& fileName) const {
     }
 }
 
-void IKMObject::SetValidate(bool validate) { m_validate = validate; }
+void IKMObject::SetValidate(bool validate) {
+    m_validate = validate;
+}
 
-bool IKMObject::GetValidate() const { return m_validate; }
+bool IKMObject::GetValidate() const {
+    return m_validate;
+}
 
-void IKMObject::SetLogger(Logger* logger) { m_logger = logger; }
+void IKMObject::SetLogger(Logger* logger) {
+    m_logger = logger;
+}
 
-void IKMObject::ResetLogger() { m_logger = nullptr; }
+void IKMObject::ResetLogger() {
+    m_logger = nullptr;
+}
 
 const QString& IKMObject::GetVersion() const {
     static const QString noVersion;
     return noVersion;
 }
 
-void IKMObject::SetObjectType(ObjectTypes type) { m_objectType = type; }
+void IKMObject::SetObjectType(ObjectTypes type) {
+    m_objectType = type;
+}
 
-void IKMObject::SetObjectName(const QString& name) { m_objectName = name; }
+void IKMObject::SetObjectName(const QString& name) {
+    m_objectName = name;
+}
 
 void IKMObject::ProcessXmlStartElement(QXmlStreamReader&) {}
 
@@ -327,9 +373,8 @@ void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
         // A document that simply ends is reported as lacking its root.
         if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
             ThrowIfReaderFailed(reader);
-        throw KMException(
-            QStringLiteral("XML error: document has no root element, expected '%1'")
-                .arg(GetObjectName()));
+        throw KMException(QStringLiteral("XML error: document has no root element, expected '%1'")
+                              .arg(GetObjectName()));
     }
     const QString rootName = reader.name().toString();
     if (rootName != GetObjectName())

@@ -6,6 +6,8 @@ KelmoraException::KelmoraException(const QString& message) : m_message(message) 
 
 KelmoraException::~KelmoraException() = default;
 
-const QString& KelmoraException::GetMessage() const { return m_message; }
+const QString& KelmoraException::GetMessage() const {
+    return m_message;
+}
 
 } // namespace KELMORA

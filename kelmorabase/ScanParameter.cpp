@@ -70,7 +70,9 @@ void ScanParameter::GetXml(QXmlStreamWriter& writer) const {
     writer.writeEndElement();
 }
 
-void ScanParameter::ProcessXml(QXmlStreamReader& reader) { IKMObject::ProcessXml(reader); }
+void ScanParameter::ProcessXml(QXmlStreamReader& reader) {
+    IKMObject::ProcessXml(reader);
+}
 
 void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader) {
     const QString child = reader.name().toString();

@@ -27,9 +27,13 @@ ValueMinMax& ValueMinMax::operator=(const ValueMinMax& other) = default;
 
 ValueMinMax::~ValueMinMax() = default;
 
-bool ValueMinMax::HasData() const { return IsValid(value); }
+bool ValueMinMax::HasData() const {
+    return IsValid(value);
+}
 
-bool ValueMinMax::AnyData() const { return IsValid(value) || IsValid(minimum) || IsValid(maximum); }
+bool ValueMinMax::AnyData() const {
+    return IsValid(value) || IsValid(minimum) || IsValid(maximum);
+}
 
 void ValueMinMax::Reset() {
     SetInvalid(value);
