@@ -283,8 +283,10 @@ void IKMObject::LoadXml(const QString& fileName) {
 }
 
 void IKMObject::LoadXml(QFile& file) {
+    // A file opened here is closed again; one the caller opened stays open.
+    const bool openedHere = !file.isOpen();
     try {
-        if (!file.isOpen() && !file.open(QIODevice::ReadOnly))
+        if (openedHere && !file.open(QIODevice::ReadOnly))
             throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
                                   .arg(file.fileName(), file.errorString()));
         if (!file.isReadable())
@@ -293,9 +295,13 @@ void IKMObject::LoadXml(QFile& file) {
         QXmlStreamReader reader(&file);
         ReadDocument(reader, m_validate);
     } catch (const KelmoraException& failure) {
+        if (openedHere)
+            file.close();
         LogFailure(QStringLiteral("LoadXml '%1'").arg(file.fileName()), failure);
         throw;
     }
+    if (openedHere)
+        file.close();
 }
 
 void IKMObject::LoadBinary(const QString& fileName) {
