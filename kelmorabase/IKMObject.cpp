@@ -44,15 +44,17 @@ void ThrowIfReaderFailed(const QXmlStreamReader& reader) {
 } // namespace
 
 IKMObject::IKMObject()
-    : m_objectType(OBJECT_TYPE_NONE), m_validate(false), m_logger(nullptr), m_processXmlNesting(0) {
-}
+    : m_objectType(OBJECT_TYPE_NONE), m_validate(false), m_logger(nullptr), m_processXmlNesting(0),
+      m_failureLine(0) {}
 
 IKMObject::IKMObject(ObjectTypes type)
-    : m_objectType(type), m_validate(false), m_logger(nullptr), m_processXmlNesting(0) {}
+    : m_objectType(type), m_validate(false), m_logger(nullptr), m_processXmlNesting(0),
+      m_failureLine(0) {}
 
 IKMObject::IKMObject(const IKMObject& other)
     : m_objectType(other.m_objectType), m_objectName(other.m_objectName),
-      m_validate(other.m_validate), m_logger(other.m_logger), m_processXmlNesting(0) {}
+      m_validate(other.m_validate), m_logger(other.m_logger), m_processXmlNesting(0),
+      m_failureLine(0) {}
 
 IKMObject& IKMObject::operator=(const IKMObject& other) {
     m_objectType = other.m_objectType;
@@ -375,6 +377,18 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
 }
 
 void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
+    m_failureLine = 0;
+    try {
+        ReadRootElement(reader);
+    } catch (const KelmoraException&) {
+        m_failureLine = reader.lineNumber();
+        throw;
+    }
+    if (runValidation)
+        Check();
+}
+
+void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
     if (!reader.readNextStartElement()) {
         // A document that simply ends is reported as lacking its root.
         if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
@@ -390,8 +404,6 @@ void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
     while (!reader.atEnd())
         reader.readNext();
     ThrowIfReaderFailed(reader);
-    if (runValidation)
-        Check();
 }
 
 QByteArray IKMObject::WriteDocument() const {

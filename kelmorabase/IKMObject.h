@@ -113,6 +113,11 @@ public:
     virtual void ResetLogger();
     virtual const QString& GetVersion() const;
 
+    // The line of the document at which the last SetXmlString or LoadXml
+    // failed, 0 when it succeeded. Record messages such as
+    // "Unknown Tag 'X' in 'SCU'" carry no position; this tells where.
+    qint64 GetFailureLine() const { return m_failureLine; }
+
 protected:
     virtual void SetObjectType(ObjectTypes type);
     virtual void SetObjectName(const QString& name);
@@ -126,6 +131,7 @@ protected:
 
 private:
     void ReadDocument(QXmlStreamReader& reader, bool runValidation);
+    void ReadRootElement(QXmlStreamReader& reader);
     void ReadBinaryFrame(QDataStream& in);
     QByteArray WriteDocument() const;
     void LogFailure(const QString& operation, const KelmoraException& failure) const;
@@ -135,6 +141,7 @@ private:
     bool m_validate;
     Logger* m_logger;
     int m_processXmlNesting;
+    qint64 m_failureLine;
 };
 
 } // namespace KELMORA

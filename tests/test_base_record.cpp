@@ -34,6 +34,11 @@ TEST(HostOperations, MalformedDocumentsAreRejectedWithReaderPosition) {
             << broken;
     EXPECT_EQ(ThrownMessage([&] { path.SetXmlString(QStringLiteral("<SCU/>")); }),
               QStringLiteral("Wrong root element: expected 'ATTANTPath', found 'SCU'"));
+    EXPECT_THROW(path.SetXmlString(QStringLiteral("<ATTANTPath>\n\n<ATT9/></ATTANTPath>")),
+                 KMException);
+    EXPECT_EQ(path.GetFailureLine(), 3);
+    path.SetXmlString(WrittenXml(CompletePath()));
+    EXPECT_EQ(path.GetFailureLine(), 0);
 }
 
 TEST(HostOperations, SaveAndLoadFiles) {

@@ -60,7 +60,17 @@ std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName) {
         throw KMException(
             QStringLiteral("Cannot read the file a second time: %1").arg(file.errorString()));
     std::unique_ptr<KELMORA::IKMObject> record = type->create();
-    record->LoadXml(file);
+    try {
+        record->LoadXml(file);
+    } catch (const KELMORA::KelmoraException& failure) {
+        // A record's own message says what is wrong; add where, unless the
+        // XML reader's message already names the line.
+        const QString& message = failure.GetMessage();
+        if (record->GetFailureLine() <= 0 || message.contains(QLatin1String("(line ")))
+            throw;
+        throw KMException(
+            QStringLiteral("%1 (line %2)").arg(message, QString::number(record->GetFailureLine())));
+    }
     return record;
 }
 

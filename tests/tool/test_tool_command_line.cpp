@@ -104,8 +104,8 @@ TEST_F(ToolCommandLine, UnreadableFilesExitWithTwoAndTheReasonOnStandardError) {
         {"wrongroot.xml", "<?xml version=\"1.0\"?>\n<Settings><ATT1>true</ATT1></Settings>",
          QStringLiteral("Unknown root element 'Settings'")},
         // Well-formed, but rejected by the record while loading.
-        {"unknowntag.xml", "<ATTANTPath><ATT1>true</ATT1><ATT7>true</ATT7></ATTANTPath>",
-         QStringLiteral("Unknown Tag 'ATT7' in 'ATTANTPath'")},
+        {"unknowntag.xml", "<ATTANTPath>\n<ATT1>true</ATT1>\n<ATT7>true</ATT7></ATTANTPath>",
+         QStringLiteral("Unknown Tag 'ATT7' in 'ATTANTPath' (line 3)")},
     };
     for (const Case& broken : cases) {
         const QString name = Write(QString::fromLatin1(broken.name), broken.content);
