@@ -62,14 +62,15 @@ void ATTANTPath::GetXml(QXmlStreamWriter& writer) const {
 }
 
 void ATTANTPath::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     for (int position = 0; position < SwitchCount; ++position) {
         if (child == kSwitchNames[position]) {
             m_switches[position] = GetTextValue(reader);
             return;
         }
     }
-    throw RecordMessages::UnknownTag(child, GetObjectName());
+    throw RecordMessages::UnknownTag(child.toString(), GetObjectName());
 }
 
 bool ATTANTPath::IsOn(int position) const {

@@ -98,7 +98,8 @@ const QString& Exciter_Settings::GetVersion() const {
 }
 
 void Exciter_Settings::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == kExciterMode) {
         SetExciterMode(ToExciterModeType(GetTextValue(reader)));
     } else if (child == kAutostart) {
@@ -112,7 +113,7 @@ void Exciter_Settings::ProcessXmlStartElement(QXmlStreamReader& reader) {
             m_wde.ProcessXml(reader);
         // Otherwise the element loop passes over the child.
     } else {
-        throw RecordMessages::UnknownTag(child, GetObjectName());
+        throw RecordMessages::UnknownTag(child.toString(), GetObjectName());
     }
 }
 

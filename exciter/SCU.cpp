@@ -66,7 +66,8 @@ void SCU::ProcessXml(QXmlStreamReader& reader) {
 }
 
 void SCU::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == ElementNames::TransmitTime)
@@ -74,7 +75,7 @@ void SCU::ProcessXmlStartElement(QXmlStreamReader& reader) {
     else if (child == m_path.GetObjectName())
         m_path.ProcessXml(reader);
     else
-        throw RecordMessages::UnknownTag(child, GetObjectName());
+        throw RecordMessages::UnknownTag(child.toString(), GetObjectName());
 }
 
 const QString& SCU::GetVersion() const {

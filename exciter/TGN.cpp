@@ -182,7 +182,8 @@ void TGN::ProcessXml(QXmlStreamReader& reader) {
 
 void TGN::ProcessXmlStartElement(QXmlStreamReader& reader) {
     using namespace RecordFormat;
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == m_bandwidth.name)
@@ -226,7 +227,7 @@ void TGN::ProcessXmlStartElement(QXmlStreamReader& reader) {
     else if (child == m_scanParameter.GetObjectName())
         m_scanParameter.ProcessXml(reader);
     else
-        throw RecordMessages::UnknownTag(child, GetObjectName());
+        throw RecordMessages::UnknownTag(child.toString(), GetObjectName());
 }
 
 const QString& TGN::GetVersion() const {

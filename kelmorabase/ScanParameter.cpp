@@ -75,7 +75,8 @@ void ScanParameter::ProcessXml(QXmlStreamReader& reader) {
 }
 
 void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     double* target = child == kStartFrequency  ? &m_startFrequency
                      : child == kStopFrequency ? &m_stopFrequency
                      : child == kStepWidth     ? &m_stepWidth
@@ -83,7 +84,7 @@ void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader) {
                                                : nullptr;
     if (!target)
         throw KMException(
-            QStringLiteral("Unknown Tag '%1' in '%2'").arg(child).arg(GetObjectName()));
+            QStringLiteral("Unknown Tag '%1' in '%2'").arg(child.toString()).arg(GetObjectName()));
     *target = LosslessNumber::Parse(GetTextValue(reader));
 }
 

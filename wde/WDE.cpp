@@ -233,13 +233,14 @@ const QString& WDE::GetVersion() const {
 }
 
 void WDE::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (!ReadValueElement(child, reader))
         ReadListElement(child, reader);
     // Anything else is left unread; the element loop passes over it.
 }
 
-bool WDE::ReadValueElement(const QString& child, QXmlStreamReader& reader) {
+bool WDE::ReadValueElement(const QStringRef& child, QXmlStreamReader& reader) {
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == m_bandwidth.name)
@@ -279,7 +280,7 @@ bool WDE::ReadValueElement(const QString& child, QXmlStreamReader& reader) {
     return true;
 }
 
-bool WDE::ReadListElement(const QString& child, QXmlStreamReader& reader) {
+bool WDE::ReadListElement(const QStringRef& child, QXmlStreamReader& reader) {
     if (child == kSinglechanneldetectorList || child == kRasterdetectorList ||
         child == kExciterList || child == kSimulationList)
         IKMObject::ProcessXml(reader); // the base loop: the wrapper has no attributes of ours

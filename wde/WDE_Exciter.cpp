@@ -93,7 +93,8 @@ const QString& WDE_Exciter::GetVersion() const {
 }
 
 void WDE_Exciter::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == kSignalType)
         m_signalType = GetSignalTypeForString(GetTextValue(reader));
     else if (child == kSymbolRate)

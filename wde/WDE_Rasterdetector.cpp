@@ -146,7 +146,8 @@ const QString& WDE_Rasterdetector::GetVersion() const {
 }
 
 void WDE_Rasterdetector::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == kChannelStep)
         m_channelStep = RecordFormat::ToDouble(GetTextValue(reader));
     else if (child == ElementNames::MinimumFixedFrequencyLength)

@@ -102,7 +102,8 @@ void WDE_Simulation::ProcessXml(QXmlStreamReader& reader) {
 }
 
 void WDE_Simulation::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == ElementNames::Active) {
         m_active = RecordFormat::IsTrue(GetTextValue(reader));
     } else if (child == kType) {

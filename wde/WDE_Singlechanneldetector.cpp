@@ -111,7 +111,8 @@ void WDE_Singlechanneldetector::ProcessXml(QXmlStreamReader& reader) {
 }
 
 void WDE_Singlechanneldetector::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QString child = reader.name().toString();
+    // A view into the reader: compared before the child is read, never after.
+    const QStringRef child = reader.name();
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == m_bandwidth.name)
