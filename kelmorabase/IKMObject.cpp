@@ -167,13 +167,11 @@ void IKMObject::SetBinaryRepresentation(QDataStream& in) {
         const QByteArray frame = in.status() == QDataStream::Ok && !compressed.isEmpty()
                                      ? qUncompress(compressed)
                                      : QByteArray();
-        if (frame.isEmpty())
-            throw KMException(QStringLiteral("%1: compressed binary representation is corrupt")
-                                  .arg(GetObjectName()));
         QDataStream inner(frame);
         inner.setVersion(kStreamVersion);
-        inner >> magic;
-        if (magic != kFrameMagic)
+        if (!frame.isEmpty())
+            inner >> magic;
+        if (frame.isEmpty() || magic != kFrameMagic)
             throw KMException(QStringLiteral("%1: compressed binary representation is corrupt")
                                   .arg(GetObjectName()));
         ReadBinaryFrame(inner);

@@ -41,14 +41,9 @@ void ScanParameter::Reset() {
 }
 
 void ScanParameter::Check() const {
-    const struct {
-        const QString& name;
-        double value;
-    } required[] = {{kStartFrequency, m_startFrequency},
-                    {kStopFrequency, m_stopFrequency},
-                    {kStepWidth, m_stepWidth}};
-    for (const auto& field : required) {
-        if (!IsValid(field.value))
+    // The first three fields are required; the dwell time is optional.
+    for (const Field& field : Fields()) {
+        if (field.name != kDwellTime && !IsValid(*field.value))
             throw KMException(
                 QStringLiteral("%1: Please set %2!").arg(GetObjectName()).arg(field.name));
     }
@@ -56,16 +51,9 @@ void ScanParameter::Check() const {
 
 void ScanParameter::GetXml(QXmlStreamWriter& writer) const {
     writer.writeStartElement(GetObjectName());
-    const struct {
-        const QString& name;
-        double value;
-    } fields[] = {{kStartFrequency, m_startFrequency},
-                  {kStopFrequency, m_stopFrequency},
-                  {kStepWidth, m_stepWidth},
-                  {kDwellTime, m_dwellTime}};
-    for (const auto& field : fields) {
-        if (IsValid(field.value))
-            writer.writeTextElement(field.name, LosslessNumber::Format(field.value));
+    for (const Field& field : Fields()) {
+        if (IsValid(*field.value))
+            writer.writeTextElement(field.name, LosslessNumber::Format(*field.value));
     }
     writer.writeEndElement();
 }
@@ -75,17 +63,24 @@ void ScanParameter::ProcessXml(QXmlStreamReader& reader) {
 }
 
 void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    // A view into the reader: compared before the child is read, never after.
     const QStringRef child = reader.name();
-    double* target = child == kStartFrequency  ? &m_startFrequency
-                     : child == kStopFrequency ? &m_stopFrequency
-                     : child == kStepWidth     ? &m_stepWidth
-                     : child == kDwellTime     ? &m_dwellTime
-                                               : nullptr;
-    if (!target)
-        throw KMException(
-            QStringLiteral("Unknown Tag '%1' in '%2'").arg(child.toString()).arg(GetObjectName()));
-    *target = LosslessNumber::Parse(GetTextValue(reader));
+    for (const Field& field : Fields()) {
+        if (child == field.name) {
+            *field.value = LosslessNumber::Parse(GetTextValue(reader));
+            return;
+        }
+    }
+    throw KMException(
+        QStringLiteral("Unknown Tag '%1' in '%2'").arg(child.toString()).arg(GetObjectName()));
+}
+
+std::array<ScanParameter::Field, 4> ScanParameter::Fields() const {
+    // Only ProcessXmlStartElement, a non-const member, writes through the pointers.
+    auto* self = const_cast<ScanParameter*>(this);
+    return {{{kStartFrequency, &self->m_startFrequency},
+             {kStopFrequency, &self->m_stopFrequency},
+             {kStepWidth, &self->m_stepWidth},
+             {kDwellTime, &self->m_dwellTime}}};
 }
 
 } // namespace KELMORA

@@ -4,6 +4,8 @@
 #include <IKMObject.h>
 #include <KelmoraBaseExport.h>
 
+#include <array>
+
 namespace KELMORA {
 
 // A frequency scan: start and stop frequency, step width and dwell time.
@@ -46,6 +48,14 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
+    // The fields in element order, with their element names; the one table
+    // behind checking, writing and reading.
+    struct Field {
+        const QString& name;
+        double* value;
+    };
+    std::array<Field, 4> Fields() const;
+
     double m_startFrequency;
     double m_stopFrequency;
     double m_stepWidth;
