@@ -17,6 +17,7 @@ QString Encode(const QVector<double>& values);
 // Decodes as QByteArray::fromBase64 allows; bytes after the last whole group
 // of eight are dropped.
 QVector<double> Decode(const QString& text);
+QVector<double> Decode(const QChar* text, int size);
 
 } // namespace DoubleListCodec
 } // namespace KELMORA

@@ -1,7 +1,7 @@
 #include "ItemAttributes.h"
 
 #include "ElementNames.h"
-#include "RecordFormat.h"
+#include "NumberText.h"
 
 namespace KELMORA {
 namespace ItemAttributes {
@@ -16,9 +16,13 @@ void WriteVersion(QXmlStreamWriter& writer, const QString& version) {
 
 void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QString& itemName) {
     const QXmlStreamAttributes attributes = reader.attributes();
-    version = attributes.value(ElementNames::Version).toString();
+    // Items mostly carry the version they were made with: keeping the text
+    // they hold saves a string per item.
+    const QStringRef readVersion = attributes.value(ElementNames::Version);
+    if (version.isEmpty() || readVersion != version)
+        version = readVersion.toString();
     if (attributes.hasAttribute(ElementNames::Index))
-        index = RecordFormat::ToInt(attributes.value(ElementNames::Index).toString());
+        index = NumberText::ToInt(attributes.value(ElementNames::Index));
     if (attributes.hasAttribute(ElementNames::Name))
         itemName = attributes.value(ElementNames::Name).toString();
 }

@@ -1,5 +1,7 @@
 #include "RecordFormat.h"
 
+#include "NumberText.h"
+
 namespace KELMORA {
 namespace RecordFormat {
 
@@ -13,7 +15,7 @@ QString FixedTwo(double value) {
 }
 
 QString GeneralSix(double value) {
-    return QString::number(value, 'g', 6);
+    return NumberText::GeneralSix(value);
 }
 
 QString Integer(int value) {
@@ -29,15 +31,15 @@ QString Flag(bool value) {
 }
 
 double ToDouble(const QString& text) {
-    return text.toDouble();
+    return NumberText::ToDouble(text);
 }
 
 int ToInt(const QString& text) {
-    return text.toInt(nullptr, 10);
+    return NumberText::ToInt(text);
 }
 
 unsigned int ToUnsigned(const QString& text) {
-    return text.toUInt(nullptr, 10);
+    return NumberText::ToUnsigned(text);
 }
 
 bool IsTrue(const QString& text) {

@@ -1,0 +1,191 @@
+// The short cuts that make loading and saving fast must give exactly what
+// Qt's general routines give: number texts, the Base64 list codec, element
+// texts read without a copy, and documents written straight into a QString.
+#include "DoubleListCodec.h"
+#include "NumberText.h"
+#include "RecordFixtures.h"
+#include "RecordFormat.h"
+#include "TestSupport.h"
+
+#include <QBuffer>
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
+
+using namespace KELMORA;
+
+namespace {
+
+bool SameBits(double a, double b) {
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+// Values where a six-digit formatter goes wrong first: ties (which Qt rounds
+// away from zero), carries into a new digit, the edges of the plain and
+// exponent forms and of the short cut's range, and the values that are not
+// numbers at all.
+std::vector<double> DifficultValues() {
+    std::vector<double> values{0.0,
+                               -0.0,
+                               std::numeric_limits<double>::quiet_NaN(),
+                               std::numeric_limits<double>::infinity(),
+                               -std::numeric_limits<double>::infinity(),
+                               std::numeric_limits<double>::denorm_min(),
+                               std::numeric_limits<double>::min(),
+                               std::numeric_limits<double>::max(),
+                               Unset::Double,
+                               4294967295.0,
+                               1234565,
+                               1000005,
+                               100000.5,
+                               999999.5,
+                               9999995,
+                               0.1234565,
+                               2.5e-5,
+                               9.999995e-5,
+                               1e-5,
+                               0.0001,
+                               99999.95,
+                               123456.5,
+                               1.5e6,
+                               433.92e6};
+    for (int exponent = -17; exponent <= 23; ++exponent) {
+        const double power = std::pow(10.0, exponent);
+        for (double value : {power, 999999.5 * power / 1e6, 1.000005 * power}) {
+            values.push_back(value);
+            values.push_back(std::nextafter(value, 0.0));
+            values.push_back(std::nextafter(value, 1e300));
+            values.push_back(-value);
+        }
+    }
+    return values;
+}
+
+// Log-uniform magnitudes across the short cut's range and beyond, and
+// values a few units of the last place from six-digit ties.
+std::vector<double> SweepValues() {
+    std::mt19937_64 random(20240917);
+    std::uniform_real_distribution<double> decade(-17.0, 23.0);
+    std::vector<double> values;
+    for (int i = 0; i < 20000; ++i) {
+        const double value = std::pow(10.0, decade(random));
+        values.push_back(i % 2 ? value : -value);
+        const double tie =
+            (100000 + double(random() % 900000) + 0.5) * std::pow(10.0, int(random() % 36) - 20);
+        values.push_back(tie);
+        values.push_back(std::nextafter(tie, 0.0));
+        values.push_back(std::nextafter(tie, 1e300));
+    }
+    return values;
+}
+
+} // namespace
+
+TEST(NumberText, FormatsAndParsesExactlyAsQt) {
+    std::vector<double> values = DifficultValues();
+    const std::vector<double> sweep = SweepValues();
+    values.insert(values.end(), sweep.begin(), sweep.end());
+    for (const double value : values) {
+        const QString expected = QString::number(value, 'g', 6);
+        ASSERT_EQ(NumberText::GeneralSix(value), expected) << value;
+        ASSERT_EQ(RecordFormat::GeneralSix(value), expected) << value;
+        for (const QString& text :
+             {expected, QString::number(value, 'g', 17), QString::number(value, 'f', 4),
+              QString::number(value, 'E', 9)}) {
+            ASSERT_TRUE(SameBits(NumberText::ToDouble(text), text.toDouble()))
+                << text.toStdString();
+        }
+    }
+
+    // Texts outside the plain form go to QString's own conversion, which
+    // decides what blanks, signs, words and out-of-range values give.
+    for (const char* odd : {"",
+                            " 1",
+                            "1 ",
+                            "+1",
+                            ".5",
+                            "5.",
+                            "1e",
+                            "1e+",
+                            "e5",
+                            "-",
+                            "--1",
+                            "1.5.5",
+                            "1,5",
+                            "0x10",
+                            "nan",
+                            "inf",
+                            "-inf",
+                            "1e400",
+                            "-1e400",
+                            "1e-400",
+                            "0e-400",
+                            "-0",
+                            "0.000",
+                            "00012.5000",
+                            "1E5",
+                            "1e05",
+                            "4.9406564584124654e-324",
+                            "2.4703282292062328e-324",
+                            "1.7976931348623159e308",
+                            "123456789012345678901234567890123456789012345678901234567890",
+                            "0.1000000000000000055511151231257827021181583404541015625",
+                            "\xd9\xa1"}) {
+        const QString text = QString::fromUtf8(odd);
+        EXPECT_TRUE(SameBits(NumberText::ToDouble(text), text.toDouble())) << odd;
+        EXPECT_TRUE(SameBits(NumberText::ToDouble(QStringRef(&text)), text.toDouble())) << odd;
+        EXPECT_EQ(NumberText::ToInt(text), text.toInt(nullptr, 10)) << odd;
+        EXPECT_EQ(NumberText::ToUnsigned(text), text.toUInt(nullptr, 10)) << odd;
+    }
+    for (const char* integer :
+         {"0", "007", "-0", "-7", "2147483647", "2147483648", "-2147483648", "-2147483649",
+          "4294967295", "4294967296", "99999999999", " 5", "+5", "5 ", "1e3", "-", "12345678901"}) {
+        const QString text = QString::fromLatin1(integer);
+        EXPECT_EQ(NumberText::ToInt(text), text.toInt(nullptr, 10)) << integer;
+        EXPECT_EQ(NumberText::ToInt(QStringRef(&text)), text.toInt(nullptr, 10)) << integer;
+        EXPECT_EQ(NumberText::ToUnsigned(text), text.toUInt(nullptr, 10)) << integer;
+        EXPECT_EQ(NumberText::ToUnsigned(QStringRef(&text)), text.toUInt(nullptr, 10)) << integer;
+    }
+}
+
+TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
+    std::mt19937_64 random(7);
+    for (int count = 0; count <= 20; ++count) {
+        QVector<double> values;
+        for (int i = 0; i < count; ++i) {
+            const quint64 bits = random();
+            double value = 0;
+            std::memcpy(&value, &bits, sizeof value);
+            values.append(value);
+        }
+        QByteArray bytes(count * 8, Qt::Uninitialized);
+        for (int i = 0; i < count; ++i) {
+            quint64 bits = 0;
+            std::memcpy(&bits, &values[i], sizeof bits);
+            qToLittleEndian<quint64>(bits, bytes.data() + 8 * i);
+        }
+        const QString text = DoubleListCodec::Encode(values);
+        ASSERT_EQ(text, QString::fromLatin1(bytes.toBase64())) << count;
+
+        // Whatever the text holds besides the alphabet is passed over, as
+        // QByteArray::fromBase64 of its UTF-8 bytes passes it over.
+        for (const QString& variant :
+             {text, text + QStringLiteral("AB"), QString(text).remove(QLatin1Char('=')),
+              QString(text).insert(text.size() / 2, QStringLiteral(" \n\t=é€😀\xE9")),
+              QString(text).insert(1, QChar(0xD800)), text.left(text.size() * 2 / 3)}) {
+            const QByteArray decoded = QByteArray::fromBase64(variant.toUtf8());
+            const QVector<double> read = DoubleListCodec::Decode(variant);
+            ASSERT_EQ(read.size(), decoded.size() / 8) << variant.toStdString();
+            for (int i = 0; i < read.size(); ++i) {
+                const quint64 bits = qFromLittleEndian<quint64>(decoded.constData() + 8 * i);
+                double value = 0;
+                std::memcpy(&value, &bits, sizeof value);
+                ASSERT_TRUE(SameBits(read[i], value)) << variant.toStdString();
+            }
+        }
+    }
+}
