@@ -2,6 +2,7 @@
 // Qt's general routines give: number texts, the Base64 list codec, element
 // texts read without a copy, and documents written straight into a QString.
 #include "DoubleListCodec.h"
+#include "ElementText.h"
 #include "NumberText.h"
 #include "RecordFixtures.h"
 #include "RecordFormat.h"
@@ -81,6 +82,17 @@ std::vector<double> SweepValues() {
         values.push_back(std::nextafter(tie, 1e300));
     }
     return values;
+}
+
+// GetTextValue is protected; the tests reach it through a record of their own.
+struct TextProbe : IKMObject {
+    static QString Text(QXmlStreamReader& reader) { return GetTextValue(reader); }
+};
+
+// Positions two readers on the first <v> element of the document.
+void OpenValue(QXmlStreamReader& reader) {
+    while (!reader.atEnd() && !(reader.isStartElement() && reader.name() == QLatin1String("v")))
+        reader.readNext();
 }
 
 } // namespace
@@ -187,5 +199,59 @@ TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
                 ASSERT_TRUE(SameBits(read[i], value)) << variant.toStdString();
             }
         }
+    }
+}
+
+TEST(ElementText, ReadsWhatGetTextValueReads) {
+    QString longList;
+    for (int i = 0; i < 200; ++i) // 1600 bytes: longer than the text kept on the stack
+        longList += QStringLiteral("AAAAAAAA8D8=").left(i % 2 ? 12 : 11);
+    const QStringList elements{
+        QStringLiteral("<v>1.5</v>"),
+        QStringLiteral("<v/>"),
+        QStringLiteral("<v></v>"),
+        QStringLiteral("<v> 2.5 </v>"),
+        QStringLiteral("<v>1<!-- a comment -->5</v>"),
+        QStringLiteral("<v>1<?pi x?>7</v>"),
+        QStringLiteral("<v>4<w>9<x/></w>2</v>"),
+        QStringLiteral("<v><![CDATA[7.25]]></v>"),
+        QStringLiteral("<v>1&#48;0</v>"),
+        QStringLiteral("<v>tr&#117;e</v>"),
+        QStringLiteral("<v>true</v>"),
+        QStringLiteral("<v>4294967295</v>"),
+        QStringLiteral("<v>AAAAAAAA8D8AAAAAAAAAQA==</v>"),
+        QStringLiteral("<v>AAAAAAAA<!-- - -->8D8=</v>"),
+        QStringLiteral("<v>") + longList + QStringLiteral("</v>"),
+        QStringLiteral("<v>") + longList + QStringLiteral("<!---->AAAAAAAAAEA=</v>"),
+        QStringLiteral("<v>2.5"), // the document ends inside the element
+        QStringLiteral("<v>2.5</w>"),
+    };
+    for (const QString& element : elements) {
+        const QString document = QStringLiteral("<r>") + element + QStringLiteral("<next/></r>");
+        QXmlStreamReader expected(document);
+        OpenValue(expected);
+        const QString text = TextProbe::Text(expected);
+        auto readAgain = [&](auto read) {
+            QXmlStreamReader reader(document);
+            OpenValue(reader);
+            const auto value = read(reader);
+            // The reader is left where GetTextValue leaves it.
+            EXPECT_EQ(reader.tokenType(), expected.tokenType()) << element.toStdString();
+            EXPECT_EQ(reader.characterOffset(), expected.characterOffset())
+                << element.toStdString();
+            EXPECT_EQ(reader.hasError(), expected.hasError()) << element.toStdString();
+            return value;
+        };
+        EXPECT_TRUE(SameBits(readAgain(ElementText::ToDouble), RecordFormat::ToDouble(text)))
+            << element.toStdString();
+        EXPECT_EQ(readAgain(ElementText::ToUnsigned), RecordFormat::ToUnsigned(text))
+            << element.toStdString();
+        EXPECT_EQ(readAgain(ElementText::IsTrue), RecordFormat::IsTrue(text))
+            << element.toStdString();
+        const QVector<double> list = readAgain(ElementText::ToDoubleList);
+        const QVector<double> reference = DoubleListCodec::Decode(text);
+        ASSERT_EQ(list.size(), reference.size()) << element.toStdString();
+        for (int i = 0; i < list.size(); ++i)
+            EXPECT_TRUE(SameBits(list[i], reference[i])) << element.toStdString();
     }
 }

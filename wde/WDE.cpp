@@ -1,5 +1,6 @@
 #include "WDE.h"
 
+#include "ChildName.h"
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
@@ -240,7 +241,8 @@ void WDE::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // Anything else is left unread; the element loop passes over it.
 }
 
-bool WDE::ReadValueElement(const QStringRef& child, QXmlStreamReader& reader) {
+bool WDE::ReadValueElement(const QStringRef& childName, QXmlStreamReader& reader) {
+    const ChildName child(childName);
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == m_bandwidth.name)
@@ -280,7 +282,8 @@ bool WDE::ReadValueElement(const QStringRef& child, QXmlStreamReader& reader) {
     return true;
 }
 
-bool WDE::ReadListElement(const QStringRef& child, QXmlStreamReader& reader) {
+bool WDE::ReadListElement(const QStringRef& childName, QXmlStreamReader& reader) {
+    const ChildName child(childName);
     if (child == kSinglechanneldetectorList || child == kRasterdetectorList ||
         child == kExciterList || child == kSimulationList)
         IKMObject::ProcessXml(reader); // the base loop: the wrapper has no attributes of ours

@@ -1,5 +1,7 @@
 #include "WDE_Exciter.h"
 
+#include "ChildName.h"
+#include "ElementText.h"
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
@@ -94,15 +96,15 @@ const QString& WDE_Exciter::GetVersion() const {
 
 void WDE_Exciter::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const ChildName child(reader.name());
     if (child == kSignalType)
         m_signalType = GetSignalTypeForString(GetTextValue(reader));
     else if (child == kSymbolRate)
-        m_symbolRate = RecordFormat::ToDouble(GetTextValue(reader));
+        m_symbolRate = ElementText::ToDouble(reader);
     else if (child == kFrequencyShift)
-        m_frequencyShift = RecordFormat::ToDouble(GetTextValue(reader));
+        m_frequencyShift = ElementText::ToDouble(reader);
     else if (child == kLevel)
-        m_level = RecordFormat::ToDouble(GetTextValue(reader));
+        m_level = ElementText::ToDouble(reader);
 }
 
 QString WDE_Exciter::GetName() {

@@ -1,7 +1,9 @@
 #include "WDE_Rasterdetector.h"
 
+#include "ChildName.h"
 #include "DoubleListCodec.h"
 #include "ElementNames.h"
+#include "ElementText.h"
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
@@ -147,27 +149,27 @@ const QString& WDE_Rasterdetector::GetVersion() const {
 
 void WDE_Rasterdetector::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const ChildName child(reader.name());
     if (child == kChannelStep)
-        m_channelStep = RecordFormat::ToDouble(GetTextValue(reader));
+        m_channelStep = ElementText::ToDouble(reader);
     else if (child == ElementNames::MinimumFixedFrequencyLength)
-        m_minimumFixedFrequencyLength = RecordFormat::ToDouble(GetTextValue(reader));
+        m_minimumFixedFrequencyLength = ElementText::ToDouble(reader);
     else if (child == ElementNames::ExciterSet)
-        m_exciterSet = RecordFormat::ToUnsigned(GetTextValue(reader));
+        m_exciterSet = ElementText::ToUnsigned(reader);
     else if (child == ElementNames::Active)
-        m_active = RecordFormat::IsTrue(GetTextValue(reader));
+        m_active = ElementText::IsTrue(reader);
     else if (child == kThresholdMode)
         m_thresholdMode = GetThresholdModeForString(GetTextValue(reader));
     else if (child == ElementNames::AbsoluteThresholdValue)
-        m_absoluteThresholdValue = RecordFormat::ToDouble(GetTextValue(reader));
+        m_absoluteThresholdValue = ElementText::ToDouble(reader);
     else if (child == kRelativeThresholdValue)
-        m_relativeThresholdValue = RecordFormat::ToDouble(GetTextValue(reader));
+        m_relativeThresholdValue = ElementText::ToDouble(reader);
     else if (child == kRelativeThresholdAvgTime)
         m_relativeThresholdAvgTime = GetAvgTimeForString(GetTextValue(reader));
     else if (child == kAmplifier)
         m_amplifier = GetAmplifierForString(GetTextValue(reader));
     else if (child == ElementNames::Frequency)
-        m_frequencyList = DoubleListCodec::Decode(GetTextValue(reader));
+        m_frequencyList = ElementText::ToDoubleList(reader);
 }
 
 QString WDE_Rasterdetector::GetName() {

@@ -1,6 +1,8 @@
 #include "WDE_Simulation.h"
 
+#include "ChildName.h"
 #include "ElementNames.h"
+#include "ElementText.h"
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
@@ -103,28 +105,28 @@ void WDE_Simulation::ProcessXml(QXmlStreamReader& reader) {
 
 void WDE_Simulation::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const ChildName child(reader.name());
     if (child == ElementNames::Active) {
-        m_active = RecordFormat::IsTrue(GetTextValue(reader));
+        m_active = ElementText::IsTrue(reader);
     } else if (child == kType) {
         m_type = GetSimulationTypeForString(GetTextValue(reader));
     } else if (child == ElementNames::ExciterSet) {
-        m_exciterSet = RecordFormat::ToUnsigned(GetTextValue(reader));
+        m_exciterSet = ElementText::ToUnsigned(reader);
     } else if (child == kPNStartValue) {
-        m_pnStartValue = RecordFormat::ToUnsigned(GetTextValue(reader));
+        m_pnStartValue = ElementText::ToUnsigned(reader);
     } else if (child == kRelativeCenterFrequency) {
-        m_relativeCenterFrequency = RecordFormat::ToDouble(GetTextValue(reader));
+        m_relativeCenterFrequency = ElementText::ToDouble(reader);
     } else if (child == kChannelCount) {
-        m_channelCount = RecordFormat::ToUnsigned(GetTextValue(reader));
+        m_channelCount = ElementText::ToUnsigned(reader);
     } else if (child == kHopWidth) {
-        m_hopWidth = RecordFormat::ToDouble(GetTextValue(reader));
+        m_hopWidth = ElementText::ToDouble(reader);
     } else if (child == kFrequencyList) {
         // The wrapper's children are dispatched as the item's own. This runs the
         // base loop, not this record's ProcessXml, so the wrapper's (absent)
         // attributes do not replace the item's version, index and name.
         IKMObject::ProcessXml(reader);
     } else if (child == ElementNames::Frequency) {
-        m_relativeFrequencyList.append(RecordFormat::ToDouble(GetTextValue(reader)));
+        m_relativeFrequencyList.append(ElementText::ToDouble(reader));
     }
     // Any other child is left unread; the element loop skips it whole.
 }

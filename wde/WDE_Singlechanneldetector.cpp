@@ -1,6 +1,8 @@
 #include "WDE_Singlechanneldetector.h"
 
+#include "ChildName.h"
 #include "ElementNames.h"
+#include "ElementText.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
 #include "RecordMessages.h"
@@ -112,19 +114,19 @@ void WDE_Singlechanneldetector::ProcessXml(QXmlStreamReader& reader) {
 
 void WDE_Singlechanneldetector::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const ChildName child(reader.name());
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == m_bandwidth.name)
         m_bandwidth.ReadValuesFromXml(reader);
     else if (child == ElementNames::MinimumFixedFrequencyLength)
-        m_minimumFixedFrequencyLength = RecordFormat::ToDouble(GetTextValue(reader));
+        m_minimumFixedFrequencyLength = ElementText::ToDouble(reader);
     else if (child == ElementNames::ExciterSet)
-        m_exciterSet = RecordFormat::ToUnsigned(GetTextValue(reader));
+        m_exciterSet = ElementText::ToUnsigned(reader);
     else if (child == ElementNames::Active)
-        m_active = RecordFormat::IsTrue(GetTextValue(reader));
+        m_active = ElementText::IsTrue(reader);
     else if (child == ElementNames::AbsoluteThresholdValue)
-        m_absoluteThresholdValue = RecordFormat::ToDouble(GetTextValue(reader));
+        m_absoluteThresholdValue = ElementText::ToDouble(reader);
 }
 
 const QString& WDE_Singlechanneldetector::GetVersion() const {

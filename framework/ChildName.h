@@ -1,0 +1,35 @@
+#ifndef KELMORA_CHILDNAME_H
+#define KELMORA_CHILDNAME_H
+
+#include <QString>
+#include <QStringRef>
+
+#include <cstring>
+
+namespace KELMORA {
+
+// The name of the child element at the reader, as the readers compare it
+// with their element names one after the other. Equal means the same UTF-16
+// code units, as QString's own case-sensitive ==; but a name of another
+// length, by far the most common case in those chains, is told apart inline
+// without a call into Qt. A view into the reader: valid until it reads on.
+class ChildName {
+public:
+    explicit ChildName(const QStringRef& name) : m_name(name) {}
+
+    bool operator==(const QString& other) const {
+        return m_name.size() == other.size() &&
+               std::memcmp(m_name.unicode(), other.unicode(),
+                           static_cast<size_t>(other.size()) * sizeof(QChar)) == 0;
+    }
+    bool operator!=(const QString& other) const { return !(*this == other); }
+
+    QString toString() const { return m_name.toString(); }
+
+private:
+    QStringRef m_name;
+};
+
+} // namespace KELMORA
+
+#endif
