@@ -4,7 +4,12 @@
 #include <QSaveFile>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace KELMORA {
 
@@ -39,6 +44,170 @@ private:
 void ThrowIfReaderFailed(const QXmlStreamReader& reader) {
     if (reader.hasError())
         ThrowReaderError(reader);
+}
+
+// Hands a QString to a QXmlStreamReader as UTF-8, a piece at a time. Given
+// the QString itself, the reader first converts all of it to UTF-8 and then
+// all of that back, which for large documents costs twice the time and
+// three copies of the text; through this device it decodes as it reads, as
+// from a file.
+class Utf8StringDevice : public QIODevice {
+public:
+    explicit Utf8StringDevice(const QString& text) : m_text(text), m_position(0), m_served(0) {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override {
+        if (m_served == m_piece.size()) {
+            // The next piece of text; a surrogate pair is not split.
+            constexpr int kPieceCharacters = 4096;
+            int count = qMin(kPieceCharacters, m_text.size() - m_position);
+            if (count > 1 && m_position + count < m_text.size() &&
+                m_text.at(m_position + count - 1).isHighSurrogate())
+                --count;
+            if (count <= 0)
+                return 0;
+            m_piece = QStringRef(&m_text, m_position, count).toUtf8();
+            m_position += count;
+            m_served = 0;
+        }
+        const int size = static_cast<int>(qMin<qint64>(maxSize, m_piece.size() - m_served));
+        std::memcpy(data, m_piece.constData() + m_served, static_cast<size_t>(size));
+        m_served += size;
+        return size;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    const QString m_text;
+    int m_position;     // in m_text, of the next piece
+    QByteArray m_piece; // the current piece in UTF-8
+    int m_served;       // bytes of m_piece already read
+};
+
+// Whether reading the text through Utf8StringDevice gives what reading the
+// QString gives. The reader then guesses the encoding from the first bytes
+// and follows the encoding that a declaration names, where it ignores both
+// for a QString: so the text must start with '<' (after a byte order mark),
+// without NUL characters that look like UTF-16 or UTF-32, and declare no
+// encoding other than UTF-8. Short texts are not worth it.
+bool StreamsAsUtf8(const QString& text) {
+    constexpr int kShortest = 4096;
+    constexpr int kLongestDeclaration = 256;
+    if (text.size() < kShortest)
+        return false;
+    const int start = text.at(0) == QChar(0xFEFF) ? 1 : 0;
+    if (text.at(start) != QLatin1Char('<'))
+        return false;
+    for (int i = start; i < start + 4; ++i) {
+        if (text.at(i).isNull())
+            return false;
+    }
+    const QStringRef head(&text, start, kLongestDeclaration);
+    if (!head.startsWith(QLatin1String("<?xml")) || !head.at(5).isSpace())
+        return true; // no declaration
+    const int end = head.indexOf(QLatin1String("?>"));
+    if (end < 0)
+        return false;
+    const QStringRef declaration = head.left(end);
+    const int encoding = declaration.indexOf(QLatin1String("encoding"));
+    if (encoding < 0)
+        return true;
+    if (declaration.lastIndexOf(QLatin1String("encoding")) != encoding)
+        return false;
+    const QString rest = declaration.mid(encoding + 8).toString().remove(QLatin1Char(' '));
+    return rest.startsWith(QLatin1String("=\"UTF-8\""), Qt::CaseInsensitive) ||
+           rest.startsWith(QLatin1String("='UTF-8'"), Qt::CaseInsensitive);
+}
+
+// The document that SaveXml writes: the text that the writer wrote into a
+// QString, put into the file as UTF-8 a piece at a time so that a large
+// document is not held twice; or, where that would differ, the bytes of
+// the UTF-8 writer.
+class DocumentToSave {
+public:
+    DocumentToSave(const QString& text, const QByteArray& bytes) : m_text(text), m_bytes(bytes) {}
+
+    // Whether the document has a root element. It is looked for in the first
+    // part of a large document, where the root element starts; only when it
+    // is not found there is the whole read as well.
+    bool HasRootElement() const {
+        constexpr int kHead = 4096;
+        if (m_bytes.isNull()) {
+            if (m_text.size() > kHead &&
+                QXmlStreamReader(m_text.left(kHead)).readNextStartElement())
+                return true;
+            return QXmlStreamReader(m_text).readNextStartElement();
+        }
+        if (m_bytes.size() > kHead &&
+            QXmlStreamReader(QByteArray::fromRawData(m_bytes.constData(), kHead))
+                .readNextStartElement())
+            return true;
+        return QXmlStreamReader(m_bytes).readNextStartElement();
+    }
+
+    bool WriteTo(QIODevice& device) const {
+        if (!m_bytes.isNull())
+            return device.write(m_bytes) == m_bytes.size();
+        constexpr int kPiece = 1 << 20; // the text holds no surrogates to split
+        for (int start = 0; start < m_text.size(); start += kPiece) {
+            const QByteArray piece =
+                QStringRef(&m_text, start, qMin(kPiece, m_text.size() - start)).toUtf8();
+            if (device.write(piece) != piece.size())
+                return false;
+        }
+        return true;
+    }
+
+private:
+    const QString m_text;
+    const QByteArray m_bytes;
+};
+
+const QString kDocumentDeclaration = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+
+// The record's document written straight into a QString. The writer has no
+// encoding there, so the declaration that the UTF-8 writer would give is put
+// in front by hand; the rest is what that writer writes, character for
+// character. The writer writes text pieces to a QString without converting
+// them, while the UTF-8 path replaces unpaired surrogates, so a text holding
+// any surrogate is not used (see the callers).
+QString WriteDocumentText(const IKMObject& record) {
+    QString text = kDocumentDeclaration;
+    QXmlStreamWriter writer(&text);
+    writer.setAutoFormatting(true);
+    record.GetXml(writer);
+    writer.writeEndDocument();
+    return text;
+}
+
+bool HoldsSurrogate(const QString& text) {
+    // A unit is a surrogate when its top five bits are 11011. The scan runs
+    // over every document written, so it takes eight units at a time where
+    // the processor offers it.
+    const ushort* units = text.utf16();
+    const int size = text.size();
+    int i = 0;
+#ifdef __SSE2__
+    const __m128i topBits = _mm_set1_epi16(static_cast<short>(0xF800));
+    const __m128i surrogate = _mm_set1_epi16(static_cast<short>(0xD800));
+    for (; i + 32 <= size; i += 32) {
+        __m128i hits = _mm_setzero_si128();
+        for (int k = 0; k < 32; k += 8) {
+            const __m128i eight = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units + i + k));
+            hits = _mm_or_si128(hits, _mm_cmpeq_epi16(_mm_and_si128(eight, topBits), surrogate));
+        }
+        if (_mm_movemask_epi8(hits) != 0)
+            return true;
+    }
+#endif
+    for (; i < size; ++i) {
+        if ((units[i] & 0xF800) == 0xD800)
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -144,6 +313,12 @@ void IKMObject::SetBinary(QDataStream& in) {
 }
 
 void IKMObject::SetXmlString(const QString& xml) {
+    if (StreamsAsUtf8(xml)) {
+        Utf8StringDevice device(xml);
+        QXmlStreamReader reader(&device);
+        ReadDocument(reader, m_validate);
+        return;
+    }
     QXmlStreamReader reader(xml);
     ReadDocument(reader, m_validate);
 }
@@ -227,7 +402,8 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
     NestingGuard guard(m_processXmlNesting);
     while (!reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
-        ThrowIfReaderFailed(reader);
+        if (token == QXmlStreamReader::Invalid) // the reader failed
+            ThrowReaderError(reader);
         if (token == QXmlStreamReader::EndElement)
             return;
         if (token != QXmlStreamReader::StartElement)
@@ -249,7 +425,8 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
 }
 
 QString IKMObject::GetXmlString() const {
-    return QString::fromUtf8(WriteDocument());
+    const QString text = WriteDocumentText(*this);
+    return HoldsSurrogate(text) ? QString::fromUtf8(WriteDocument()) : text;
 }
 
 void IKMObject::GetBinaryRepresentation(QDataStream& out) const {
@@ -321,16 +498,16 @@ void IKMObject::SaveXml(const QString& fileName) const {
     try {
         if (m_validate)
             Check();
-        const QByteArray document = WriteDocument();
-        QXmlStreamReader probe(document);
-        if (!probe.readNextStartElement())
+        const QString text = WriteDocumentText(*this);
+        const DocumentToSave document(text, HoldsSurrogate(text) ? WriteDocument() : QByteArray());
+        if (!document.HasRootElement())
             throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
                                   .arg(fileName, GetObjectName()));
         QSaveFile file(fileName);
         if (!file.open(QIODevice::WriteOnly))
             throw KMException(QStringLiteral("Cannot open '%1' for writing: %2")
                                   .arg(fileName, file.errorString()));
-        if (file.write(document) != document.size() || !file.commit())
+        if (!document.WriteTo(file) || !file.commit())
             throw KMException(
                 QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
     } catch (const KelmoraException& failure) {
@@ -371,7 +548,36 @@ void IKMObject::SetObjectName(const QString& name) {
 void IKMObject::ProcessXmlStartElement(QXmlStreamReader&) {}
 
 QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
-    return reader.readElementText(QXmlStreamReader::SkipChildElements);
+    // What readElementText(SkipChildElements) does, but the usual single
+    // piece of text is copied at its size instead of being collected into a
+    // growing string. (Not QStringRef::toString, which shares the reader's
+    // whole buffer when the text fills it, so that the reader has to make a
+    // new one and the record keeps a string far larger than its text.)
+    if (!reader.isStartElement())
+        return QString();
+    QString text;
+    for (;;) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::Characters:
+        case QXmlStreamReader::EntityReference: {
+            const QStringRef piece = reader.text();
+            if (text.isEmpty())
+                text = QString(piece.unicode(), piece.size());
+            else
+                text += piece;
+            break;
+        }
+        case QXmlStreamReader::EndElement:
+            return text;
+        case QXmlStreamReader::StartElement:
+            reader.skipCurrentElement();
+            break;
+        default: // comments and processing instructions are passed over
+            if (reader.hasError())
+                return text;
+            break;
+        }
+    }
 }
 
 void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
@@ -405,6 +611,9 @@ void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
 }
 
 QByteArray IKMObject::WriteDocument() const {
+    // The reference form; GetXmlString and SaveXml write into a QString
+    // instead, which costs less, where that gives the same (see
+    // WriteDocumentText).
     QByteArray document;
     QBuffer buffer(&document);
     buffer.open(QIODevice::WriteOnly);

@@ -255,3 +255,113 @@ TEST(ElementText, ReadsWhatGetTextValueReads) {
             EXPECT_TRUE(SameBits(list[i], reference[i])) << element.toStdString();
     }
 }
+
+TEST(DocumentText, IsWhatTheUtf8WriterWrites) {
+    // The document as a UTF-8 writer on a device writes it.
+    const auto utf8Document = [](const IKMObject& record) {
+        QByteArray document;
+        QBuffer buffer(&document);
+        buffer.open(QIODevice::WriteOnly);
+        QXmlStreamWriter writer(&buffer);
+        writer.setCodec("UTF-8");
+        writer.setAutoFormatting(true);
+        writer.writeStartDocument();
+        record.GetXml(writer);
+        writer.writeEndDocument();
+        return document;
+    };
+    // A record that writes nothing still gives the declaration.
+    EXPECT_EQ(ATTANTPath().GetXmlString(), QString::fromUtf8(utf8Document(ATTANTPath())));
+
+    // Escapes, text beyond Latin-1, a character outside the BMP, and a lone
+    // surrogate, which the UTF-8 writer replaces.
+    const QString names[] = {QStringLiteral("plain"), QStringLiteral("Ä<&>\"' \t ü€ end"),
+                             QStringLiteral("emoji 😀 pair"),
+                             QStringLiteral("lone ") + QChar(0xDC00)};
+    QTemporaryDir dir;
+    for (const QString& name : names) {
+        WDE wde = testfixtures::CompleteWDE();
+        WDE_Exciter exciter(3);
+        exciter.SetItemName(name);
+        exciter.SetSignalType(WDE_Exciter::MSK);
+        exciter.SetSymbolRate(9600);
+        exciter.SetLevel(-3.5);
+        wde.GetExciterList().append(exciter);
+
+        const QByteArray reference = utf8Document(wde);
+        EXPECT_EQ(wde.GetXmlString(), QString::fromUtf8(reference)) << name.toStdString();
+        const QString path = dir.filePath(QStringLiteral("wde.xml"));
+        wde.SaveXml(path);
+        EXPECT_EQ(testsupport::FileContents(path), reference) << name.toStdString();
+    }
+
+    // A document of several megabytes goes into the file in pieces, read
+    // back from its text in pieces too: both must join seamlessly.
+    WDE large = testfixtures::CompleteWDE();
+    for (int i = 0; i < 12000; ++i) {
+        WDE_Exciter exciter(i);
+        exciter.SetItemName(QStringLiteral("Sender ä€ %1").arg(i));
+        exciter.SetSymbolRate(1200.0 + i);
+        large.GetExciterList().append(exciter);
+    }
+    const QByteArray reference = utf8Document(large);
+    ASSERT_GT(reference.size(), 2 << 20);
+    const QString path = dir.filePath(QStringLiteral("large.xml"));
+    large.SaveXml(path);
+    EXPECT_TRUE(testsupport::FileContents(path) == reference);
+    WDE fromText;
+    fromText.SetXmlString(QString::fromUtf8(reference));
+    EXPECT_TRUE(fromText.GetXmlString() == QString::fromUtf8(reference));
+
+    // Items keep the version text they are read with, shared or not.
+    const auto read = [](const char* element) {
+        return testsupport::ReadFrom<WDE_Exciter>(QString::fromLatin1(element)).GetVersion();
+    };
+    EXPECT_EQ(read("<WDE_Exciter Version=\"0.1\"/>"), QStringLiteral("0.1"));
+    EXPECT_EQ(read("<WDE_Exciter Version=\"0.2\"/>"), QStringLiteral("0.2"));
+    EXPECT_TRUE(read("<WDE_Exciter/>").isNull());
+    const QString empty = read("<WDE_Exciter Version=\"\"/>");
+    EXPECT_TRUE(empty.isEmpty() && !empty.isNull());
+}
+
+TEST(DocumentText, LargeTextsReadAsTheReaderReadsAQString) {
+    WDE wde = testfixtures::CompleteWDE();
+    for (int i = 0; i < 300; ++i) {
+        WDE_Exciter exciter(i);
+        exciter.SetItemName(QStringLiteral("Sender é %1").arg(i));
+        wde.GetExciterList().append(exciter);
+    }
+    const QString written = wde.GetXmlString();
+    const QString body = written.mid(written.indexOf(QStringLiteral("?>")) + 2);
+    ASSERT_GT(body.size(), 16384);
+
+    // A QString is Unicode already: whatever encoding its declaration names,
+    // and whether it has a declaration or a byte order mark, it reads the same.
+    for (const QString& text :
+         {written, body, QChar(0xFEFF) + written,
+          QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>") + body,
+          QStringLiteral("<?xml version=\"1.0\" encoding = 'utf-8' standalone=\"yes\"?>") + body,
+          QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-16\"?>") + body}) {
+        WDE read;
+        read.SetXmlString(text);
+        ASSERT_EQ(read.GetExciterList().size(), 300) << text.left(60).toStdString();
+        EXPECT_EQ(read.GetExciterList()[299].GetItemName(), QStringLiteral("Sender é 299"));
+        EXPECT_EQ(read.GetXmlString(), written);
+    }
+
+    // A failure far into a large text is reported where the reader finds it.
+    QString broken = written;
+    broken.replace(broken.lastIndexOf(QStringLiteral("</WDE_Exciter>")), 14,
+                   QStringLiteral("</WDE_Exciters>"));
+    QXmlStreamReader reference(broken);
+    while (!reference.atEnd())
+        reference.readNext();
+    ASSERT_TRUE(reference.hasError());
+    WDE read;
+    EXPECT_EQ(testsupport::ThrownMessage([&] { read.SetXmlString(broken); }),
+              QStringLiteral("XML error: %1 (line %2, column %3)")
+                  .arg(reference.errorString())
+                  .arg(reference.lineNumber())
+                  .arg(reference.columnNumber()));
+    EXPECT_EQ(read.GetFailureLine(), reference.lineNumber());
+}
