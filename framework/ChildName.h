@@ -8,11 +8,12 @@
 
 namespace KELMORA {
 
-// The name of the child element at the reader, as the readers compare it
-// with their element names one after the other. Equal means the same UTF-16
-// code units, as QString's own case-sensitive ==; but a name of another
-// length, by far the most common case in those chains, is told apart inline
-// without a call into Qt. A view into the reader: valid until it reads on.
+// The name of the child element at the reader (or of an attribute), as the
+// readers compare it with their names one after the other. Equal means the
+// same UTF-16 code units, as QString's own case-sensitive ==; but a name of
+// another length, by far the most common case in those chains, is told apart
+// inline without a call into Qt. A view into the reader: valid until it
+// reads on.
 class ChildName {
 public:
     explicit ChildName(const QStringRef& name) : m_name(name) {}

@@ -1,5 +1,6 @@
 #include "ItemAttributes.h"
 
+#include "ChildName.h"
 #include "ElementNames.h"
 #include "NumberText.h"
 
@@ -15,16 +16,29 @@ void WriteVersion(QXmlStreamWriter& writer, const QString& version) {
 }
 
 void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QString& itemName) {
+    // One pass over the attributes; of an attribute given twice the first
+    // counts, as with QXmlStreamAttributes::value.
+    QStringRef readVersion;
+    bool versionSeen = false, indexSeen = false, nameSeen = false;
     const QXmlStreamAttributes attributes = reader.attributes();
+    for (const QXmlStreamAttribute& attribute : attributes) {
+        const ChildName name(attribute.qualifiedName());
+        if (!versionSeen && name == ElementNames::Version) {
+            versionSeen = true;
+            readVersion = attribute.value();
+        } else if (!indexSeen && name == ElementNames::Index) {
+            indexSeen = true;
+            index = NumberText::ToInt(attribute.value());
+        } else if (!nameSeen && name == ElementNames::Name) {
+            nameSeen = true;
+            itemName = attribute.value().toString();
+        }
+    }
     // Items mostly carry the version they were made with: keeping the text
-    // they hold saves a string per item.
-    const QStringRef readVersion = attributes.value(ElementNames::Version);
+    // they hold saves a string per item. An absent attribute gives the empty
+    // text.
     if (version.isEmpty() || readVersion != version)
         version = readVersion.toString();
-    if (attributes.hasAttribute(ElementNames::Index))
-        index = NumberText::ToInt(attributes.value(ElementNames::Index));
-    if (attributes.hasAttribute(ElementNames::Name))
-        itemName = attributes.value(ElementNames::Name).toString();
 }
 
 void WriteItem(const IKMObject& record, QXmlStreamWriter& writer, const QString& version, int index,

@@ -88,14 +88,68 @@ bool CopyPlainNumber(const QChar* text, int size, char* out, bool& mantissaIsZer
     return i == size;
 }
 
+// The usual short number, -?d+(.d+)?([eE][+-]?d+)?, with at most 15 digits:
+// the digits as an integer are exact in a double, and when the power of ten
+// that scales them is one of the exact ones, a single correctly rounded
+// multiplication or division gives the correctly rounded value (Clinger's
+// fast path). False for anything else, which takes the general way.
+bool ShortNumber(const QChar* text, int size, double& value) {
+    const auto* c = reinterpret_cast<const ushort*>(text);
+    int i = c[0] == '-' ? 1 : 0;
+    const bool negative = i == 1;
+    quint64 digits = 0;
+    int count = 0;
+    int decimals = -1; // digits after the point, once there is one
+    for (; i < size && c[i] != 'e' && c[i] != 'E'; ++i) {
+        if (IsDigit(c[i])) {
+            digits = digits * 10 + (c[i] - '0');
+            ++count;
+            if (decimals >= 0)
+                ++decimals;
+        } else if (c[i] == '.' && decimals < 0 && count > 0) {
+            decimals = 0;
+        } else {
+            return false;
+        }
+    }
+    if (count == 0 || count > 15 || decimals == 0)
+        return false;
+    int exponent = 0;
+    if (i < size) { // the exponent: a sign and one to three digits
+        ++i;
+        const bool negativeExponent = i < size && c[i] == '-';
+        if (i < size && (c[i] == '-' || c[i] == '+'))
+            ++i;
+        if (i == size || size - i > 3)
+            return false;
+        for (; i < size; ++i) {
+            if (!IsDigit(c[i]))
+                return false;
+            exponent = exponent * 10 + (c[i] - '0');
+        }
+        if (negativeExponent)
+            exponent = -exponent;
+    }
+    const int scale = exponent - (decimals > 0 ? decimals : 0);
+    if (scale < -22 || scale > 22)
+        return false;
+    const double magnitude = static_cast<double>(digits);
+    const double exact =
+        scale >= 0 ? magnitude * kPowersOfTen[scale] : magnitude / kPowersOfTen[-scale];
+    value = negative ? -exact : exact;
+    return true;
+}
+
 double ToDouble(const QChar* text, int size, bool& converted) {
-    converted = false;
+    double value = 0;
+    converted = size > 0 && size <= 24 && ShortNumber(text, size, value);
+    if (converted)
+        return value;
     char plain[kLongestShortCutText];
     bool mantissaIsZero = true;
     if (size <= 0 || size > kLongestShortCutText ||
         !CopyPlainNumber(text, size, plain, mantissaIsZero))
         return 0;
-    double value = 0;
     const std::from_chars_result result = std::from_chars(plain, plain + size, value);
     // Overflow and underflow keep QString::toDouble's own answers.
     if (result.ec != std::errc() || result.ptr != plain + size || std::isinf(value) ||

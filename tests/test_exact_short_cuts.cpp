@@ -113,6 +113,22 @@ TEST(NumberText, FormatsAndParsesExactlyAsQt) {
         }
     }
 
+    // Decimal texts of up to 17 digits, with the point anywhere and with or
+    // without an exponent: the short ones are converted by one multiplication
+    // or division, which must round as the general conversion does.
+    std::mt19937_64 random(11);
+    for (int n = 0; n < 50000; ++n) {
+        QString text = random() % 2 ? QStringLiteral("-") : QString();
+        const int digits = int(random() % 17) + 1;
+        const int point = int(random() % digits);
+        for (int i = 0; i < digits; ++i)
+            text += QString(i == point && i > 0 ? QStringLiteral(".") : QString()) +
+                    QChar(int('0' + random() % 10));
+        if (random() % 3 == 0)
+            text += QStringLiteral("e%1").arg(int(random() % 60) - 30);
+        ASSERT_TRUE(SameBits(NumberText::ToDouble(text), text.toDouble())) << text.toStdString();
+    }
+
     // Texts outside the plain form go to QString's own conversion, which
     // decides what blanks, signs, words and out-of-range values give.
     for (const char* odd : {"",
@@ -364,4 +380,37 @@ TEST(DocumentText, LargeTextsReadAsTheReaderReadsAQString) {
                   .arg(reference.lineNumber())
                   .arg(reference.columnNumber()));
     EXPECT_EQ(read.GetFailureLine(), reference.lineNumber());
+}
+
+TEST(ItemsReadInPlace, AnItemThatFailsToReadLeavesItsListAsItWas) {
+    WDE wde;
+    wde.SetXmlString(QStringLiteral("<WDE><ExciterList><WDE_Exciter Name=\"kept\"/></ExciterList>"
+                                    "<SimulationList><WDE_Simulation/></SimulationList></WDE>"));
+    ASSERT_EQ(wde.GetExciterList().size(), 1);
+    const QVector<WDE_Exciter> before = wde.GetExciterList();
+
+    // An XML error inside the second exciter, after its level was read.
+    EXPECT_TRUE(testsupport::ThrownMessage([&] {
+                    wde.SetXmlString(
+                        QStringLiteral("<WDE><GuardTime>4</GuardTime><WDE_Exciter><Level>-3</Level>"
+                                       "<SymbolRate>1</Level></WDE_Exciter></WDE>"));
+                }).startsWith(QStringLiteral("XML error: ")));
+    EXPECT_EQ(wde.GetGuardTime(), 4.0); // read before the failure, kept
+    ASSERT_EQ(wde.GetExciterList().size(), 1);
+    EXPECT_EQ(wde.GetExciterList()[0].GetItemName(), QStringLiteral("kept"));
+    EXPECT_EQ(wde.GetExciterList()[0].GetLevel(), before[0].GetLevel());
+
+    // Wrappers nested too deeply inside a simulation.
+    const QString nested = QStringLiteral("<FrequencyList>").repeated(40) +
+                           QStringLiteral("</FrequencyList>").repeated(40);
+    EXPECT_TRUE(testsupport::ThrownMessage([&] {
+                    wde.SetXmlString(QStringLiteral("<WDE><WDE_Simulation>") + nested +
+                                     QStringLiteral("</WDE_Simulation></WDE>"));
+                }).contains(QStringLiteral("nested too deeply")));
+    EXPECT_EQ(wde.GetSimulationList().size(), 1);
+
+    // The next item read takes the position that the failed one did not keep.
+    wde.SetXmlString(QStringLiteral("<WDE><WDE_Exciter/></WDE>"));
+    ASSERT_EQ(wde.GetExciterList().size(), 2);
+    EXPECT_EQ(wde.GetExciterList()[1].GetIndex(), 1);
 }

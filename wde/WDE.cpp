@@ -52,11 +52,17 @@ const EnumTable kAGCValueTypes{
     {WDE::AGCVALUE_SLOW, "SLOW"}, {WDE::AGCVALUE_DEFAULT, "DEFAULT"}, {WDE::AGCVALUE_FAST, "FAST"}};
 
 // Reads one item element into a new item whose index is its position in the
-// list; the item is appended only once it has been read completely.
+// list. The item is read in its place at the end of the list, which saves
+// copying it there with all it holds; should reading fail, it is taken off
+// again, so the list is as if it had been appended only once read.
 template <typename Item> void AppendReadItem(QVector<Item>& list, QXmlStreamReader& reader) {
-    Item item(list.size());
-    item.ProcessXml(reader);
-    list.append(item);
+    list.append(Item(list.size()));
+    try {
+        list.last().ProcessXml(reader);
+    } catch (...) {
+        list.removeLast();
+        throw;
+    }
 }
 
 // A list is written inside its wrapper element, and not at all when empty.
