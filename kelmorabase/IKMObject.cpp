@@ -122,48 +122,67 @@ bool StreamsAsUtf8(const QString& text) {
            rest.startsWith(QLatin1String("='UTF-8'"), Qt::CaseInsensitive);
 }
 
-// The document that SaveXml writes: the text that the writer wrote into a
-// QString, put into the file as UTF-8 a piece at a time so that a large
-// document is not held twice; or, where that would differ, the bytes of
-// the UTF-8 writer.
-class DocumentToSave {
-public:
-    DocumentToSave(const QString& text, const QByteArray& bytes) : m_text(text), m_bytes(bytes) {}
+// The record's document as the UTF-8 writer writes it to a device.
+void WriteUtf8Document(const IKMObject& record, QIODevice& device) {
+    QXmlStreamWriter writer(&device);
+    writer.setCodec("UTF-8");
+    writer.setAutoFormatting(true);
+    writer.writeStartDocument();
+    record.GetXml(writer);
+    writer.writeEndDocument();
+}
 
-    // Whether the document has a root element. It is looked for in the first
-    // part of a large document, where the root element starts; only when it
-    // is not found there is the whole read as well.
-    bool HasRootElement() const {
-        constexpr int kHead = 4096;
-        if (m_bytes.isNull()) {
-            if (m_text.size() > kHead &&
-                QXmlStreamReader(m_text.left(kHead)).readNextStartElement())
-                return true;
-            return QXmlStreamReader(m_text).readNextStartElement();
-        }
-        if (m_bytes.size() > kHead &&
-            QXmlStreamReader(QByteArray::fromRawData(m_bytes.constData(), kHead))
-                .readNextStartElement())
-            return true;
-        return QXmlStreamReader(m_bytes).readNextStartElement();
+// Whether a written document has a root element.
+bool HasRootElement(const QByteArray& document) {
+    return QXmlStreamReader(document).readNextStartElement();
+}
+
+// Passes what the writer writes on to a file in large blocks, so that SaveXml
+// streams the document however large it is, and keeps the first bytes, where
+// the root element starts.
+class FileSink : public QIODevice {
+public:
+    static constexpr int kHead = 4096;
+
+    explicit FileSink(QIODevice& file) : m_file(file), m_written(0), m_failed(false) {
+        m_block.reserve(kBlock);
+        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
     }
 
-    bool WriteTo(QIODevice& device) const {
-        if (!m_bytes.isNull())
-            return device.write(m_bytes) == m_bytes.size();
-        constexpr int kPiece = 1 << 20; // the text holds no surrogates to split
-        for (int start = 0; start < m_text.size(); start += kPiece) {
-            const QByteArray piece =
-                QStringRef(&m_text, start, qMin(kPiece, m_text.size() - start)).toUtf8();
-            if (device.write(piece) != piece.size())
-                return false;
-        }
-        return true;
+    // Writes what is left; false when any write to the file failed.
+    bool Finish() {
+        Flush();
+        return !m_failed;
+    }
+    const QByteArray& Head() const { return m_head; }
+    qint64 Written() const { return m_written; }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char* data, qint64 size) override {
+        if (m_head.size() < kHead)
+            m_head.append(data, static_cast<int>(qMin<qint64>(size, kHead - m_head.size())));
+        m_block.append(data, static_cast<int>(size));
+        m_written += size;
+        if (m_block.size() >= kBlock)
+            Flush();
+        return size;
     }
 
 private:
-    const QString m_text;
-    const QByteArray m_bytes;
+    static constexpr int kBlock = 1 << 20;
+
+    void Flush() {
+        if (!m_block.isEmpty() && m_file.write(m_block) != m_block.size())
+            m_failed = true;
+        m_block.resize(0);
+    }
+
+    QIODevice& m_file;
+    QByteArray m_block;
+    QByteArray m_head;
+    qint64 m_written;
+    bool m_failed;
 };
 
 const QString kDocumentDeclaration = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
@@ -498,16 +517,30 @@ void IKMObject::SaveXml(const QString& fileName) const {
     try {
         if (m_validate)
             Check();
-        const QString text = WriteDocumentText(*this);
-        const DocumentToSave document(text, HoldsSurrogate(text) ? WriteDocument() : QByteArray());
-        if (!document.HasRootElement())
-            throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
-                                  .arg(fileName, GetObjectName()));
+        const auto incomplete = [&] {
+            return KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
+                                   .arg(fileName, GetObjectName()));
+        };
         QSaveFile file(fileName);
-        if (!file.open(QIODevice::WriteOnly))
+        if (!file.open(QIODevice::WriteOnly)) {
+            // A record without settings to save is reported first.
+            if (!HasRootElement(WriteDocument()))
+                throw incomplete();
             throw KMException(QStringLiteral("Cannot open '%1' for writing: %2")
                                   .arg(fileName, file.errorString()));
-        if (!document.WriteTo(file) || !file.commit())
+        }
+        // The document goes into the file as it is written; without a root
+        // element it is not committed, and the file stays as it was.
+        FileSink sink(file);
+        WriteUtf8Document(*this, sink);
+        const bool written = sink.Finish();
+        const bool rooted = HasRootElement(sink.Head()) ||
+                            (sink.Written() > FileSink::kHead && HasRootElement(WriteDocument()));
+        if (!rooted) {
+            file.cancelWriting();
+            throw incomplete();
+        }
+        if (!written || !file.commit())
             throw KMException(
                 QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
     } catch (const KelmoraException& failure) {
@@ -611,18 +644,10 @@ void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
 }
 
 QByteArray IKMObject::WriteDocument() const {
-    // The reference form; GetXmlString and SaveXml write into a QString
-    // instead, which costs less, where that gives the same (see
-    // WriteDocumentText).
     QByteArray document;
     QBuffer buffer(&document);
     buffer.open(QIODevice::WriteOnly);
-    QXmlStreamWriter writer(&buffer);
-    writer.setCodec("UTF-8");
-    writer.setAutoFormatting(true);
-    writer.writeStartDocument();
-    GetXml(writer);
-    writer.writeEndDocument();
+    WriteUtf8Document(*this, buffer);
     return document;
 }
 

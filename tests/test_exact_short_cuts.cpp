@@ -9,6 +9,7 @@
 #include "TestSupport.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -413,4 +414,26 @@ TEST(ItemsReadInPlace, AnItemThatFailsToReadLeavesItsListAsItWas) {
     wde.SetXmlString(QStringLiteral("<WDE><WDE_Exciter/></WDE>"));
     ASSERT_EQ(wde.GetExciterList().size(), 2);
     EXPECT_EQ(wde.GetExciterList()[1].GetIndex(), 1);
+}
+
+TEST(DocumentText, SaveXmlWritesAsItGoesYetReportsAsBefore) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("path.xml"));
+    testfixtures::CompletePath().SaveXml(file);
+    const QByteArray saved = testsupport::FileContents(file);
+
+    // Nothing to save: the file stays, and no temporary file is left behind.
+    EXPECT_EQ(testsupport::ThrownMessage([&] { ATTANTPath().SaveXml(file); }),
+              QStringLiteral("Cannot save '%1': ATTANTPath holds no complete settings").arg(file));
+    EXPECT_EQ(testsupport::FileContents(file), saved);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("path.xml")});
+
+    // Nothing to save counts before a file that cannot be written.
+    const QString unwritable = dir.filePath(QStringLiteral("no/such/folder/path.xml"));
+    EXPECT_EQ(
+        testsupport::ThrownMessage([&] { ATTANTPath().SaveXml(unwritable); }),
+        QStringLiteral("Cannot save '%1': ATTANTPath holds no complete settings").arg(unwritable));
+    EXPECT_TRUE(testsupport::ThrownMessage([&] {
+                    testfixtures::CompletePath().SaveXml(unwritable);
+                }).startsWith(QStringLiteral("Cannot open '%1' for writing: ").arg(unwritable)));
 }
