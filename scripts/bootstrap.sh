@@ -5,6 +5,8 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
 missing=()
+# The benchmarks (bench/run, .ci/bench): Google Benchmark, GNU time, python3.
+packages+=(libbenchmark-dev time python3)
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" \
         || missing+=("$package")
