@@ -6,7 +6,7 @@ usage: report.py RESULTS.json MEMORY.txt
 
 MEMORY.txt holds key: value lines (written by bench/run): items, file_bytes,
 idle_rss_kb, loadxml_rss_kb, loadtext_rss_kb, tree_bytes, machine, cores,
-compiler, qt.
+compiler, qt, repetitions, smoke.
 """
 import json
 import sys
@@ -123,6 +123,12 @@ def main():
         f"before and after): {memory_ratio:.2f}x the tree. Reading the whole text "
         f"first and passing it to `SetXmlString` peaks at {whole / 1e6:.1f} MB.")
     out.append("")
+
+    if memory.get("smoke") == "true":
+        out.append("Smoke run: every benchmark ran once at 1,000 items; these times are "
+                   "not measurements and no target is judged.")
+        print("\n".join(out))
+        return
 
     def verdict(value, limit):
         return "met" if value <= limit else "**not met**"
