@@ -1,6 +1,5 @@
 #include "IKMObject.h"
 
-#include <QBuffer>
 #include <QSaveFile>
 
 #include <cmath>
@@ -371,7 +370,11 @@ void IKMObject::SetObjectName(const QString& name) {
 void IKMObject::ProcessXmlStartElement(QXmlStreamReader&) {}
 
 QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
-    return reader.readElementText(QXmlStreamReader::SkipChildElements);
+    QString text = reader.readElementText(QXmlStreamReader::SkipChildElements);
+    // In a document that breaks off inside the element the text is only its
+    // beginning: reported as the XML error it is, not as a wrong value.
+    ThrowIfReaderFailed(reader);
+    return text;
 }
 
 void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
@@ -387,7 +390,17 @@ void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
 }
 
 void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
-    if (!reader.readNextStartElement()) {
+    // A settings document has no document type declaration, and one is
+    // refused: its entity declarations could make a few kilobytes expand to
+    // gigabytes, or name a file outside the document whose content would
+    // end up in the record.
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
+        if (reader.tokenType() == QXmlStreamReader::DTD)
+            throw KMException(
+                QStringLiteral("XML error: document type declarations are not accepted (line %1)")
+                    .arg(reader.lineNumber()));
+    }
+    if (reader.tokenType() != QXmlStreamReader::StartElement) {
         // A document that simply ends is reported as lacking its root.
         if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
             ThrowIfReaderFailed(reader);
@@ -405,16 +418,19 @@ void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
 }
 
 QByteArray IKMObject::WriteDocument() const {
-    QByteArray document;
-    QBuffer buffer(&document);
-    buffer.open(QIODevice::WriteOnly);
-    QXmlStreamWriter writer(&buffer);
-    writer.setCodec("UTF-8");
+    // Written as text and encoded once at the end. The writer's own UTF-8
+    // encoder keeps state from one write to the next: an unpaired surrogate
+    // in a value (an item name, say) made it drop every following name and
+    // value, and the document could not be read again. QString::toUtf8
+    // replaces such a surrogate on its own.
+    QString text;
+    QXmlStreamWriter writer(&text);
     writer.setAutoFormatting(true);
-    writer.writeStartDocument();
     GetXml(writer);
     writer.writeEndDocument();
-    return document;
+    // Without a declaration of its own the writer still starts the first
+    // element on a new line, so this gives the usual layout.
+    return QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>") + text.toUtf8();
 }
 
 void IKMObject::LogFailure(const QString& operation, const KelmoraException& failure) const {
