@@ -321,15 +321,28 @@ void IKMObject::SaveXml(const QString& fileName) const {
         if (m_validate)
             Check();
         const QByteArray document = WriteDocument();
+        // The document is read back before it replaces anything: a file that
+        // this library could not load again is never written.
         QXmlStreamReader probe(document);
         if (!probe.readNextStartElement())
             throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
                                   .arg(fileName, GetObjectName()));
+        while (!probe.atEnd())
+            probe.readNext();
+        if (probe.hasError())
+            throw KMException(QStringLiteral("Cannot save '%1': %2 writes XML that cannot be read "
+                                             "back: %3")
+                                  .arg(fileName, GetObjectName(), probe.errorString()));
         QSaveFile file(fileName);
         if (!file.open(QIODevice::WriteOnly))
             throw KMException(QStringLiteral("Cannot open '%1' for writing: %2")
                                   .arg(fileName, file.errorString()));
-        if (file.write(document) != document.size() || !file.commit())
+        // flush() before commit(): commit() flushes the last buffered bytes
+        // itself but does not notice when that fails (the disk is full, the
+        // file size limit is reached), and would put the cut-off file in
+        // place of the previous one. Leaving without commit() discards the
+        // temporary file.
+        if (file.write(document) != document.size() || !file.flush() || !file.commit())
             throw KMException(
                 QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
     } catch (const KelmoraException& failure) {

@@ -27,10 +27,10 @@ namespace KELMORA {
 //    document type declaration (so no entities of its own). SaveXml writes
 //    indented UTF-8 with an XML declaration through QSaveFile, so a failed save
 //    leaves the previous file untouched, and refuses to write a document
-//    without a root element (an incomplete guarded record writes nothing).
-//    Characters that XML 1.0 cannot carry are left out of what is written
-//    (control characters, U+FFFE, U+FFFF) or replaced by '?' (unpaired
-//    surrogates).
+//    without a root element (an incomplete guarded record writes nothing) or
+//    one that would not read back. Characters that XML 1.0 cannot carry are
+//    left out of what is written (control characters, U+FFFE, U+FFFF) or
+//    replaced by '?' (unpaired surrogates).
 //  - Binary forms: a QDataStream frame of a magic number, a format version,
 //    the object name and the record's XML as UTF-8 (GetBinary/SetBinary write
 //    and read that last payload alone). The compressed form is a second magic
