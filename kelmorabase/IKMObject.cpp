@@ -56,6 +56,8 @@ IKMObject::IKMObject(const IKMObject& other)
       m_failureLine(0) {}
 
 IKMObject& IKMObject::operator=(const IKMObject& other) {
+    if (&other == this)
+        return *this;
     m_objectType = other.m_objectType;
     m_objectName = other.m_objectName;
     m_validate = other.m_validate;
