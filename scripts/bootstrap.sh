@@ -3,7 +3,8 @@
 # missing. Runs apt-get as root (directly, or through sudo when available).
 set -euo pipefail
 
-packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
+# clang-tidy: the static checks of .ci/tidy.
+packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev clang-tidy)
 missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" \
