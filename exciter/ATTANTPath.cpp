@@ -20,6 +20,9 @@ ATTANTPath::ATTANTPath() {
 
 ATTANTPath::ATTANTPath(const ATTANTPath& other) = default;
 
+// clang-tidy 14 takes the index of the implicit loop that copies the array
+// member for a declared identifier.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 ATTANTPath& ATTANTPath::operator=(const ATTANTPath& other) = default;
 
 ATTANTPath::~ATTANTPath() = default;

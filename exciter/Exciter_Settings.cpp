@@ -34,7 +34,7 @@ bool InModeRange(qint32 mode) {
 } // namespace
 
 Exciter_Settings::Exciter_Settings()
-    : IKMObject(OBJECT_TYPE_EXCITER_SETTINGS), m_autostart(true), m_version(kVersionDefault),
+    : IKMObject(OBJECT_TYPE_EXCITER_SETTINGS), m_version(kVersionDefault),
       m_exciterMode(static_cast<ExciterModeType>(Unset::Enum)), m_exciterModes(kModeNames) {
     m_tgn.Reset();
     m_scu.Reset();

@@ -105,7 +105,7 @@ private:
     bool IsValidExciterModeType(const ExciterModeType& mode) const;
     bool UsesWDE() const;
 
-    bool m_autostart;
+    bool m_autostart = true;
     QString m_version;
     ExciterModeType m_exciterMode;
     TGN m_tgn;

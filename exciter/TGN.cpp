@@ -55,7 +55,7 @@ constexpr bool kAlways = true;
 
 } // namespace
 
-TGN::TGN() : m_version(kDefaultVersion), m_iqModulationSource(ANALOG) {
+TGN::TGN() : m_version(kDefaultVersion) {
     SetObjectName(kObjectName);
     m_frequency.name = ElementNames::Frequency;
     m_bandwidth.name = ElementNames::Bandwidth;

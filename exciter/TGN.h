@@ -167,7 +167,7 @@ private:
     double m_fmDeviation;
     int m_noiseLevel;
     bool m_iqModulationState;
-    IQSources m_iqModulationSource;
+    IQSources m_iqModulationSource = ANALOG;
     bool m_bbinState;
     ScanParameter m_scanParameter;
     QStringList m_levelSettingsModes;

@@ -1,6 +1,5 @@
 #include "IKMObject.h"
 
-#include <QBuffer>
 #include <QSaveFile>
 
 #include <cmath>
@@ -122,77 +121,13 @@ bool StreamsAsUtf8(const QString& text) {
            rest.startsWith(QLatin1String("='UTF-8'"), Qt::CaseInsensitive);
 }
 
-// The record's document as the UTF-8 writer writes it to a device.
-void WriteUtf8Document(const IKMObject& record, QIODevice& device) {
-    QXmlStreamWriter writer(&device);
-    writer.setCodec("UTF-8");
-    writer.setAutoFormatting(true);
-    writer.writeStartDocument();
-    record.GetXml(writer);
-    writer.writeEndDocument();
-}
-
-// Whether a written document has a root element.
-bool HasRootElement(const QByteArray& document) {
-    return QXmlStreamReader(document).readNextStartElement();
-}
-
-// Passes what the writer writes on to a file in large blocks, so that SaveXml
-// streams the document however large it is, and keeps the first bytes, where
-// the root element starts.
-class FileSink : public QIODevice {
-public:
-    static constexpr int kHead = 4096;
-
-    explicit FileSink(QIODevice& file) : m_file(file), m_written(0), m_failed(false) {
-        m_block.reserve(kBlock);
-        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    }
-
-    // Writes what is left; false when any write to the file failed.
-    bool Finish() {
-        Flush();
-        return !m_failed;
-    }
-    const QByteArray& Head() const { return m_head; }
-    qint64 Written() const { return m_written; }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char* data, qint64 size) override {
-        if (m_head.size() < kHead)
-            m_head.append(data, static_cast<int>(qMin<qint64>(size, kHead - m_head.size())));
-        m_block.append(data, static_cast<int>(size));
-        m_written += size;
-        if (m_block.size() >= kBlock)
-            Flush();
-        return size;
-    }
-
-private:
-    static constexpr int kBlock = 1 << 20;
-
-    void Flush() {
-        if (!m_block.isEmpty() && m_file.write(m_block) != m_block.size())
-            m_failed = true;
-        m_block.resize(0);
-    }
-
-    QIODevice& m_file;
-    QByteArray m_block;
-    QByteArray m_head;
-    qint64 m_written;
-    bool m_failed;
-};
-
 const QString kDocumentDeclaration = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
 
 // The record's document written straight into a QString. The writer has no
-// encoding there, so the declaration that the UTF-8 writer would give is put
-// in front by hand; the rest is what that writer writes, character for
-// character. The writer writes text pieces to a QString without converting
-// them, while the UTF-8 path replaces unpaired surrogates, so a text holding
-// any surrogate is not used (see the callers).
+// encoding there, so the declaration is put in front by hand (without one of
+// its own the writer still starts the first element on a new line). Text
+// pieces go in unconverted, unpaired surrogates included: whoever encodes
+// the text replaces them (see the callers).
 QString WriteDocumentText(const IKMObject& record) {
     QString text = kDocumentDeclaration;
     QXmlStreamWriter writer(&text);
@@ -245,6 +180,8 @@ IKMObject::IKMObject(const IKMObject& other)
       m_failureLine(0) {}
 
 IKMObject& IKMObject::operator=(const IKMObject& other) {
+    if (&other == this)
+        return *this;
     m_objectType = other.m_objectType;
     m_objectName = other.m_objectName;
     m_validate = other.m_validate;
@@ -445,7 +382,8 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
 
 QString IKMObject::GetXmlString() const {
     const QString text = WriteDocumentText(*this);
-    return HoldsSurrogate(text) ? QString::fromUtf8(WriteDocument()) : text;
+    // The text as it reads back from the UTF-8 that SaveXml would write.
+    return HoldsSurrogate(text) ? QString::fromUtf8(text.toUtf8()) : text;
 }
 
 void IKMObject::GetBinaryRepresentation(QDataStream& out) const {
@@ -517,30 +455,26 @@ void IKMObject::SaveXml(const QString& fileName) const {
     try {
         if (m_validate)
             Check();
-        const auto incomplete = [&] {
-            return KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
-                                   .arg(fileName, GetObjectName()));
-        };
+        const QByteArray document = WriteDocument();
+        // The writer leaves out the characters that XML cannot carry and the
+        // encoding replaces unpaired surrogates, so what the records write
+        // always reads back; a record without its settings writes no root
+        // element, and such a document never replaces a file. (Reading the
+        // whole document back would guard against host records that write
+        // invalid element names, at two thirds of the cost of the save.)
+        if (!QXmlStreamReader(document).readNextStartElement())
+            throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
+                                  .arg(fileName, GetObjectName()));
         QSaveFile file(fileName);
-        if (!file.open(QIODevice::WriteOnly)) {
-            // A record without settings to save is reported first.
-            if (!HasRootElement(WriteDocument()))
-                throw incomplete();
+        if (!file.open(QIODevice::WriteOnly))
             throw KMException(QStringLiteral("Cannot open '%1' for writing: %2")
                                   .arg(fileName, file.errorString()));
-        }
-        // The document goes into the file as it is written; without a root
-        // element it is not committed, and the file stays as it was.
-        FileSink sink(file);
-        WriteUtf8Document(*this, sink);
-        const bool written = sink.Finish();
-        const bool rooted = HasRootElement(sink.Head()) ||
-                            (sink.Written() > FileSink::kHead && HasRootElement(WriteDocument()));
-        if (!rooted) {
-            file.cancelWriting();
-            throw incomplete();
-        }
-        if (!written || !file.commit())
+        // flush() before commit(): commit() flushes the last buffered bytes
+        // itself but does not notice when that fails (the disk is full, the
+        // file size limit is reached), and would put the cut-off file in
+        // place of the previous one. Leaving without commit() discards the
+        // temporary file.
+        if (file.write(document) != document.size() || !file.flush() || !file.commit())
             throw KMException(
                 QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
     } catch (const KelmoraException& failure) {
@@ -606,8 +540,10 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
             reader.skipCurrentElement();
             break;
         default: // comments and processing instructions are passed over
-            if (reader.hasError())
-                return text;
+            // In a document that breaks off inside the element the text is
+            // only its beginning: reported as the XML error it is, not as a
+            // wrong value.
+            ThrowIfReaderFailed(reader);
             break;
         }
     }
@@ -626,7 +562,17 @@ void IKMObject::ReadDocument(QXmlStreamReader& reader, bool runValidation) {
 }
 
 void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
-    if (!reader.readNextStartElement()) {
+    // A settings document has no document type declaration, and one is
+    // refused: its entity declarations could make a few kilobytes expand to
+    // gigabytes, or name a file outside the document whose content would
+    // end up in the record.
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
+        if (reader.tokenType() == QXmlStreamReader::DTD)
+            throw KMException(
+                QStringLiteral("XML error: document type declarations are not accepted (line %1)")
+                    .arg(reader.lineNumber()));
+    }
+    if (reader.tokenType() != QXmlStreamReader::StartElement) {
         // A document that simply ends is reported as lacking its root.
         if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
             ThrowIfReaderFailed(reader);
@@ -644,11 +590,12 @@ void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
 }
 
 QByteArray IKMObject::WriteDocument() const {
-    QByteArray document;
-    QBuffer buffer(&document);
-    buffer.open(QIODevice::WriteOnly);
-    WriteUtf8Document(*this, buffer);
-    return document;
+    // Written as text and encoded once at the end. The writer's own UTF-8
+    // encoder keeps state from one write to the next: an unpaired surrogate
+    // in a value (an item name, say) made it drop every following name and
+    // value, and the document could not be read again. QString::toUtf8
+    // replaces such a surrogate on its own.
+    return WriteDocumentText(*this).toUtf8();
 }
 
 void IKMObject::LogFailure(const QString& operation, const KelmoraException& failure) const {

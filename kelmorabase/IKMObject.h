@@ -23,10 +23,14 @@ namespace KELMORA {
 // (GetXml). On top of those two, this class offers the host operations:
 //
 //  - XML text and files: SetXmlString/GetXmlString, LoadXml/SaveXml. A document
-//    must have the record's GetObjectName() as its root element. SaveXml writes
+//    must have the record's GetObjectName() as its root element and no
+//    document type declaration (so no entities of its own). SaveXml writes
 //    indented UTF-8 with an XML declaration through QSaveFile, so a failed save
 //    leaves the previous file untouched, and refuses to write a document
 //    without a root element (an incomplete guarded record writes nothing).
+//    Characters that XML 1.0 cannot carry are left out of what is written
+//    (control characters, U+FFFE, U+FFFF) or replaced by '?' (unpaired
+//    surrogates), so the records' documents always read back.
 //  - Binary forms: a QDataStream frame of a magic number, a format version,
 //    the object name and the record's XML as UTF-8 (GetBinary/SetBinary write
 //    and read that last payload alone). The compressed form is a second magic
@@ -126,7 +130,8 @@ protected:
     virtual void ProcessXmlStartElement(QXmlStreamReader& reader);
 
     // The text of the element at the reader; leaves the reader on its end
-    // element. Child elements inside it are skipped.
+    // element. Child elements inside it are skipped. Throws KMException when
+    // the document is not well-formed before the element's end.
     static QString GetTextValue(QXmlStreamReader& reader);
 
 private:

@@ -4,9 +4,11 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
-missing=()
+# The static checks of .ci/tidy.
+packages+=(clang-tidy)
 # The benchmarks (bench/run, .ci/bench): Google Benchmark, GNU time, python3.
 packages+=(libbenchmark-dev time python3)
+missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" \
         || missing+=("$package")

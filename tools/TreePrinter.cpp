@@ -10,7 +10,7 @@
 
 namespace tool {
 
-TreePrinter::TreePrinter(QTextStream& out) : m_out(out), m_depth(0) {}
+TreePrinter::TreePrinter(QTextStream& out) : m_out(out) {}
 
 QString TreePrinter::UnsetText() {
     return QStringLiteral("unset");

@@ -72,7 +72,7 @@ private:
     void Write(const QString& text);
 
     QTextStream& m_out;
-    int m_depth;
+    int m_depth = 0;
 };
 
 } // namespace tool

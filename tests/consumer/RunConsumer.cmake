@@ -12,7 +12,11 @@ function(run_step description)
 endfunction()
 
 run_step("install" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${STAGE})
+set(consumer_options)
+if(CONSUMER_FLAGS)
+  list(APPEND consumer_options "-DCMAKE_CXX_FLAGS=${CONSUMER_FLAGS}")
+endif()
 run_step("configure consumer" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build
-  -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${STAGE})
+  -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${STAGE} ${consumer_options})
 run_step("build consumer" ${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 run_step("run consumer" ${WORK_DIR}/build/consumer)

@@ -22,7 +22,8 @@ endif()
 
 run_step("pkg-config --cflags --libs" ${PKG_CONFIG} --cflags --libs ExciterSettings)
 separate_arguments(flags UNIX_COMMAND "${step_output}")
-run_step("compile consumer" ${CXX} -std=c++17 ${SOURCE} ${flags} -o ${WORK_DIR}/consumer)
+separate_arguments(extra_flags UNIX_COMMAND "${CONSUMER_FLAGS}")
+run_step("compile consumer" ${CXX} -std=c++17 ${extra_flags} ${SOURCE} ${flags} -o ${WORK_DIR}/consumer)
 
 run_step("run consumer" ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${STAGE}/${LIBDIR}
   ${WORK_DIR}/consumer)

@@ -222,12 +222,13 @@ TEST_F(ToolCommandLine, ShowWritesTheWholeTreeWithItemsAndDecodedNumbers) {
         "    ScanParameter\n      StartFrequency: unset\n",
         "  SCU\n    Version: 1.0\n    Frequency\n      Value: 433920000\n",
         "    TransmitTime: 2.5\n    ATTANTPath\n      ATT1: true\n",
-        "  WDE\n    Version: 0.1\n    Frequency: 433920000\n    Bandwidth: 200000\n"
-        "    Mode: DETX\n",
+        // Parts that span two literals are in parentheses: no missing comma.
+        ("  WDE\n    Version: 0.1\n    Frequency: 433920000\n    Bandwidth: 200000\n"
+         "    Mode: DETX\n"),
         // The raster frequencies travel as Base64 and are shown decoded.
         "        Amplifier: UHF1\n        Frequency: 433050000, 433925000, 434790000\n",
-        "    ExciterList: 2 items\n      [0] WDE_Exciter\n        Version: 0.1\n"
-        "        Index: 0\n        Name: unset\n        SignalType: FSK2\n",
+        ("    ExciterList: 2 items\n      [0] WDE_Exciter\n        Version: 0.1\n"
+         "        Index: 0\n        Name: unset\n        SignalType: FSK2\n"),
         "        FrequencyShift: unset\n        Level: -19\n    GuardTime: 0.001\n",
         "        FrequencyList: -25000, 0, 25000\n    Attenuation: ON\n",
         "    AGCValue: unset\n    MGCValue: 12.5\n",
