@@ -4,6 +4,9 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
+# The fuzz build: clang, and the libFuzzer and sanitizer runtimes, which
+# clang only recommends.
+packages+=(clang libclang-rt-14-dev)
 missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" \
