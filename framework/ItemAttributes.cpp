@@ -14,11 +14,15 @@ void WriteVersion(QXmlStreamWriter& writer, const QString& version) {
     writer.writeAttribute(ElementNames::Version, version);
 }
 
-void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QString& itemName) {
+void ReadItem(const IKMObject& record, const QXmlStreamReader& reader, QString& version, int& index,
+              QString& itemName) {
     const QXmlStreamAttributes attributes = reader.attributes();
     version = attributes.value(ElementNames::Version).toString();
-    if (attributes.hasAttribute(ElementNames::Index))
-        index = RecordFormat::ToInt(attributes.value(ElementNames::Index).toString());
+    if (attributes.hasAttribute(ElementNames::Index)) {
+        const int read = RecordFormat::ToInt(attributes.value(ElementNames::Index).toString());
+        if (record.IsValid(read))
+            index = read;
+    }
     if (attributes.hasAttribute(ElementNames::Name))
         itemName = attributes.value(ElementNames::Name).toString();
 }

@@ -6,10 +6,21 @@ namespace RecordFormat {
 namespace {
 const QString kTrue = QStringLiteral("true");
 const QString kFalse = QStringLiteral("false");
+
+QString TwoDecimals(double value) {
+    return QStringLiteral("%1").arg(value, 0, 'f', 2);
+}
+
+const QString kUnsetTwoDecimals = TwoDecimals(Unset::Double);
 } // namespace
 
 QString FixedTwo(double value) {
-    return QStringLiteral("%1").arg(value, 0, 'f', 2);
+    const QString text = TwoDecimals(value);
+    // A set value whose hundredths round to those of the unset marker would
+    // read back as unset: it is written as the next hundredth on its side.
+    if (text == kUnsetTwoDecimals && value != Unset::Double)
+        return TwoDecimals(value < Unset::Double ? Unset::Double - 0.01 : Unset::Double + 0.01);
+    return text;
 }
 
 QString GeneralSix(double value) {
