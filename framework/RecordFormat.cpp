@@ -8,7 +8,12 @@ const QString kTrue = QStringLiteral("true");
 const QString kFalse = QStringLiteral("false");
 
 QString TwoDecimals(double value) {
-    return QStringLiteral("%1").arg(value, 0, 'f', 2);
+    const QString text = QStringLiteral("%1").arg(value, 0, 'f', 2);
+    // Qt writes negative zero as "0.00" but a negative value that rounds to
+    // zero as "-0.00", which reads back as negative zero: both are "0.00".
+    if (text == QLatin1String("-0.00"))
+        return QStringLiteral("0.00");
+    return text;
 }
 
 const QString kUnsetTwoDecimals = TwoDecimals(Unset::Double);

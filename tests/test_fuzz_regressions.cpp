@@ -6,6 +6,7 @@
 #include "TestSupport.h"
 
 #include <Exciter_Settings.h>
+#include <SCU.h>
 #include <TGN.h>
 #include <WDE.h>
 
@@ -44,7 +45,7 @@ TEST(FuzzRegressions, KeptFuzzInputsAreFixedPoints) {
     // Each file is named after the target that found it.
     const QDir folder(QStringLiteral(FUZZ_INPUTS_DIR));
     const QStringList files = folder.entryList({QStringLiteral("*.xml")}, QDir::Files);
-    ASSERT_GE(files.size(), 4);
+    ASSERT_GE(files.size(), 6);
     for (const QString& name : files) {
         const QString xml = QString::fromUtf8(testsupport::FileContents(folder.filePath(name)));
         RoundTrip trip;
@@ -116,6 +117,25 @@ TEST(FuzzRegressions, TwoDecimalValuesNextToTheUnsetMarkerStaySet) {
     const QString written = unset.GetXmlString();
     EXPECT_FALSE(written.contains(QStringLiteral("<Tone>")));
     EXPECT_TRUE(written.contains(QStringLiteral("<ToneStart>-111111.12</ToneStart>")));
+}
+
+TEST(FuzzRegressions, TwoDecimalValuesThatRoundToZeroHaveNoSign) {
+    // Qt writes -0.004 with two decimals as "-0.00", which reads back as
+    // negative zero, which it writes as "0.00".
+    const auto scu = testsupport::ReadFrom<SCU>(QStringLiteral(
+        "<SCU Version=\"1.0\"><Frequency>1</Frequency><TransmitTime>-0.004</TransmitTime>"
+        "<ATTANTPath><ATT1>true</ATT1><ATT2>true</ATT2><ATT3>true</ATT3><ATT4>true</ATT4>"
+        "<ATT5>true</ATT5><ATT6>true</ATT6></ATTANTPath></SCU>"));
+    const RoundTrip trip = WriteReadWrite(scu);
+    EXPECT_EQ(trip.first, trip.second);
+    EXPECT_TRUE(trip.first.contains(QStringLiteral("<TransmitTime>0.00</TransmitTime>")));
+    const auto tgn = testsupport::ReadFrom<TGN>(
+        kTGNStart + QStringLiteral("<Power>-0.0049</Power><Tone>-0</Tone><ToneStop>-0.005"
+                                   "</ToneStop></TGN>"));
+    const QString written = tgn.GetXmlString();
+    EXPECT_TRUE(written.contains(QStringLiteral("<Power>0.00</Power>")));
+    EXPECT_TRUE(written.contains(QStringLiteral("<Tone>0.00</Tone>")));
+    EXPECT_TRUE(written.contains(QStringLiteral("<ToneStop>-0.01</ToneStop>")));
 }
 
 TEST(FuzzRegressions, AnItemIndexThatIsTheUnsetMarkerIsNotStored) {
