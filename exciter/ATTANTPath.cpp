@@ -2,6 +2,7 @@
 
 #include "RecordFormat.h"
 #include "RecordMessages.h"
+#include "TextElement.h"
 
 namespace KELMORA {
 
@@ -60,7 +61,7 @@ void ATTANTPath::GetXml(QXmlStreamWriter& writer) const {
         return;
     writer.writeStartElement(GetObjectName());
     for (int position = 0; position < SwitchCount; ++position)
-        writer.writeTextElement(kSwitchNames[position], m_switches[position]);
+        TextElement::Write(writer, kSwitchNames[position], m_switches[position]);
     writer.writeEndElement();
 }
 

@@ -5,6 +5,7 @@
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
 #include "RecordMessages.h"
+#include "TextElement.h"
 
 namespace KELMORA {
 
@@ -167,7 +168,7 @@ void TGN::GetXml(QXmlStreamWriter& writer) const {
     };
     for (const auto& value : values) {
         if (value.written)
-            writer.writeTextElement(value.name, value.text);
+            TextElement::Write(writer, value.name, value.text);
     }
 
     if (m_scanParameter.HasData())

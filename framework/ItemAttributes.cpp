@@ -15,7 +15,8 @@ void WriteVersion(QXmlStreamWriter& writer, const QString& version) {
     writer.writeAttribute(ElementNames::Version, version);
 }
 
-void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QString& itemName) {
+void ReadItem(const IKMObject& record, const QXmlStreamReader& reader, QString& version, int& index,
+              QString& itemName) {
     // One pass over the attributes; of an attribute given twice the first
     // counts, as with QXmlStreamAttributes::value.
     QStringRef readVersion;
@@ -28,7 +29,10 @@ void ReadItem(const QXmlStreamReader& reader, QString& version, int& index, QStr
             readVersion = attribute.value();
         } else if (!indexSeen && name == ElementNames::Index) {
             indexSeen = true;
-            index = NumberText::ToInt(attribute.value());
+            // An index that is no number leaves the item's own.
+            const int read = NumberText::ToInt(attribute.value());
+            if (record.IsValid(read))
+                index = read;
         } else if (!nameSeen && name == ElementNames::Name) {
             nameSeen = true;
             itemName = attribute.value().toString();

@@ -18,7 +18,9 @@ constexpr qint32 Enum = -1;
 // by every record.
 namespace RecordFormat {
 
-// Fixed-point with exactly two decimals: 12.5 -> "12.50".
+// Fixed-point with exactly two decimals: 12.5 -> "12.50". A set value is never
+// written as the unset marker's text: -111111.111 -> "-111111.12"; a value
+// that rounds to zero is "0.00", without a sign.
 QString FixedTwo(double value);
 // General form with six significant digits: 1234567 -> "1.23457e+06".
 QString GeneralSix(double value);

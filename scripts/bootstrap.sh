@@ -8,6 +8,9 @@ packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
 packages+=(clang-tidy)
 # The benchmarks (bench/run, .ci/bench): Google Benchmark, GNU time, python3.
 packages+=(libbenchmark-dev time python3)
+# The fuzz build: clang, and the libFuzzer and sanitizer runtimes, which
+# clang only recommends.
+packages+=(clang libclang-rt-14-dev)
 missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" \

@@ -86,7 +86,7 @@ void WDE_Exciter::GetXml(QXmlStreamWriter& writer) const {
 }
 
 void WDE_Exciter::ProcessXml(QXmlStreamReader& reader) {
-    ItemAttributes::ReadItem(reader, m_version, m_index, m_itemName);
+    ItemAttributes::ReadItem(*this, reader, m_version, m_index, m_itemName);
     IKMObject::ProcessXml(reader);
 }
 

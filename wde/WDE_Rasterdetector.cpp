@@ -139,7 +139,7 @@ void WDE_Rasterdetector::GetXml(QXmlStreamWriter& writer) const {
 }
 
 void WDE_Rasterdetector::ProcessXml(QXmlStreamReader& reader) {
-    ItemAttributes::ReadItem(reader, m_version, m_index, m_itemName);
+    ItemAttributes::ReadItem(*this, reader, m_version, m_index, m_itemName);
     IKMObject::ProcessXml(reader);
 }
 

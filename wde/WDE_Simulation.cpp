@@ -99,7 +99,7 @@ void WDE_Simulation::GetXml(QXmlStreamWriter& writer) const {
 }
 
 void WDE_Simulation::ProcessXml(QXmlStreamReader& reader) {
-    ItemAttributes::ReadItem(reader, m_version, m_index, m_itemName);
+    ItemAttributes::ReadItem(*this, reader, m_version, m_index, m_itemName);
     IKMObject::ProcessXml(reader);
 }
 

@@ -108,7 +108,7 @@ void WDE_Singlechanneldetector::GetXml(QXmlStreamWriter& writer) const {
 }
 
 void WDE_Singlechanneldetector::ProcessXml(QXmlStreamReader& reader) {
-    ItemAttributes::ReadItem(reader, m_version, m_index, m_itemName);
+    ItemAttributes::ReadItem(*this, reader, m_version, m_index, m_itemName);
     IKMObject::ProcessXml(reader);
 }
 
