@@ -13,7 +13,7 @@ constexpr int kBytesPerValue = 8;
 static_assert(sizeof(double) == kBytesPerValue && sizeof(quint64) == kBytesPerValue,
               "doubles travel as 8-byte IEEE 754 values");
 
-const char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 // The value of each character of the standard alphabet, -1 for all others.
 struct DecodeTable {
