@@ -306,7 +306,7 @@ void RegisterBenchmarks() {
 // Bytes that malloc has handed out and not yet taken back.
 qint64 HeapInUse() {
     const struct mallinfo2 info = mallinfo2();
-    return static_cast<qint64>(info.uordblks + info.hblkhd);
+    return static_cast<qint64>(info.uordblks) + static_cast<qint64>(info.hblkhd);
 }
 
 int WriteDocument(int items, const QString& path) {
@@ -334,7 +334,7 @@ __attribute__((noinline)) Kept ProfiledOperation(const Operation& operation, con
 
 int Profile(const char* name, const char* contender, int items) {
     for (const Operation& operation : kOperations) {
-        if (std::strcmp(operation.name, name) != 0 || std::strcmp(operation.contender, contender))
+        if (std::strcmp(operation.name, name) != 0 || std::strcmp(operation.contender, contender) != 0)
             continue;
         const Fixture& f = FixtureFor(items);
         operation.run(f); // once before, so that first-use costs are not counted

@@ -17,12 +17,12 @@ constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwx
 
 // The value of each character of the standard alphabet, -1 for all others.
 struct DecodeTable {
-    signed char value[128];
-    constexpr DecodeTable() : value() {
-        for (signed char& v : value)
+    int value[128] = {};
+    constexpr DecodeTable() {
+        for (int& v : value)
             v = -1;
         for (int i = 0; i < 64; ++i)
-            value[static_cast<unsigned char>(kAlphabet[i])] = static_cast<signed char>(i);
+            value[static_cast<unsigned char>(kAlphabet[i])] = i;
     }
 };
 constexpr DecodeTable kDecode;

@@ -10,7 +10,7 @@ const QString kTrue = QStringLiteral("true");
 const QString kFalse = QStringLiteral("false");
 
 QString TwoDecimals(double value) {
-    const QString text = QStringLiteral("%1").arg(value, 0, 'f', 2);
+    QString text = QStringLiteral("%1").arg(value, 0, 'f', 2);
     // Qt writes negative zero as "0.00" but a negative value that rounds to
     // zero as "-0.00", which reads back as negative zero: both are "0.00".
     if (text == QLatin1String("-0.00"))
@@ -22,7 +22,7 @@ const QString kUnsetTwoDecimals = TwoDecimals(Unset::Double);
 } // namespace
 
 QString FixedTwo(double value) {
-    const QString text = TwoDecimals(value);
+    QString text = TwoDecimals(value);
     // A set value whose hundredths round to those of the unset marker would
     // read back as unset: it is written as the next hundredth on its side.
     if (text == kUnsetTwoDecimals && value != Unset::Double)

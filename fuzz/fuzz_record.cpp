@@ -32,6 +32,7 @@
 #include <QString>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -307,7 +308,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     if (newSize > maxSize)
         return LLVMFuzzerMutate(data, size, maxSize);
     std::memmove(data + span.begin + value.size(), data + span.end, size - span.end);
-    std::memcpy(data + span.begin, value.data(), value.size());
+    std::copy(value.begin(), value.end(), data + span.begin); // no terminator: raw bytes
     return newSize;
 }
 #endif

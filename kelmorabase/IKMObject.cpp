@@ -52,7 +52,7 @@ void ThrowIfReaderFailed(const QXmlStreamReader& reader) {
 // from a file.
 class Utf8StringDevice : public QIODevice {
 public:
-    explicit Utf8StringDevice(const QString& text) : m_text(text), m_position(0), m_served(0) {
+    explicit Utf8StringDevice(const QString& text) : m_text(text) {
         open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
     bool isSequential() const override { return true; }
@@ -81,9 +81,9 @@ protected:
 
 private:
     const QString m_text;
-    int m_position;     // in m_text, of the next piece
+    int m_position = 0; // in m_text, of the next piece
     QByteArray m_piece; // the current piece in UTF-8
-    int m_served;       // bytes of m_piece already read
+    int m_served = 0;   // bytes of m_piece already read
 };
 
 // Whether reading the text through Utf8StringDevice gives what reading the

@@ -23,7 +23,10 @@ using namespace KELMORA;
 namespace {
 
 bool SameBits(double a, double b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    quint64 bitsOfA = 0, bitsOfB = 0;
+    std::memcpy(&bitsOfA, &a, sizeof a);
+    std::memcpy(&bitsOfB, &b, sizeof b);
+    return bitsOfA == bitsOfB;
 }
 
 // Values where a six-digit formatter goes wrong first: ties (which Qt rounds
@@ -195,7 +198,7 @@ TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
         for (int i = 0; i < count; ++i) {
             quint64 bits = 0;
             std::memcpy(&bits, &values[i], sizeof bits);
-            qToLittleEndian<quint64>(bits, bytes.data() + 8 * i);
+            qToLittleEndian<quint64>(bits, bytes.data() + 8 * static_cast<ptrdiff_t>(i));
         }
         const QString text = DoubleListCodec::Encode(values);
         ASSERT_EQ(text, QString::fromLatin1(bytes.toBase64())) << count;
@@ -210,7 +213,7 @@ TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
             const QVector<double> read = DoubleListCodec::Decode(variant);
             ASSERT_EQ(read.size(), decoded.size() / 8) << variant.toStdString();
             for (int i = 0; i < read.size(); ++i) {
-                const quint64 bits = qFromLittleEndian<quint64>(decoded.constData() + 8 * i);
+                const quint64 bits = qFromLittleEndian<quint64>(decoded.constData() + 8 * static_cast<ptrdiff_t>(i));
                 double value = 0;
                 std::memcpy(&value, &bits, sizeof value);
                 ASSERT_TRUE(SameBits(read[i], value)) << variant.toStdString();
