@@ -334,7 +334,8 @@ __attribute__((noinline)) Kept ProfiledOperation(const Operation& operation, con
 
 int Profile(const char* name, const char* contender, int items) {
     for (const Operation& operation : kOperations) {
-        if (std::strcmp(operation.name, name) != 0 || std::strcmp(operation.contender, contender) != 0)
+        if (std::strcmp(operation.name, name) != 0 ||
+            std::strcmp(operation.contender, contender) != 0)
             continue;
         const Fixture& f = FixtureFor(items);
         operation.run(f); // once before, so that first-use costs are not counted
