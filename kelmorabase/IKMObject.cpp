@@ -2,6 +2,7 @@
 
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -136,6 +137,33 @@ QString WriteDocumentText(const IKMObject& record) {
     writer.writeEndDocument();
     return text;
 }
+
+// The UTF-8 form of a document, made piece by piece so that it is never
+// whole in memory beside the text: at 100,000 items that would be another
+// 80 MB of fresh memory for every save. A piece never ends between the two
+// halves of a surrogate pair, so the pieces are exactly the encoding of the
+// whole text; QString::toUtf8 replaces unpaired surrogates. (The writer's
+// own UTF-8 encoder is no choice: it keeps state from one write to the next,
+// and an unpaired surrogate in a value made it drop every following name and
+// value, so that the document could not be read again.)
+class Utf8Pieces {
+public:
+    explicit Utf8Pieces(const QString& text) : m_text(text) {}
+    bool AtEnd() const { return m_from == m_text.size(); }
+    QByteArray Next() {
+        int length = std::min(kPieceCharacters, m_text.size() - m_from);
+        if (m_from + length < m_text.size() && m_text.at(m_from + length - 1).isHighSurrogate())
+            --length;
+        const QByteArray piece = m_text.midRef(m_from, length).toUtf8();
+        m_from += length;
+        return piece;
+    }
+
+private:
+    static constexpr int kPieceCharacters = 1 << 20;
+    const QString& m_text;
+    int m_from = 0;
+};
 
 bool HoldsSurrogate(const QString& text) {
     // A unit is a surrogate when its top five bits are 11011. The scan runs
@@ -455,14 +483,17 @@ void IKMObject::SaveXml(const QString& fileName) const {
     try {
         if (m_validate)
             Check();
-        const QByteArray document = WriteDocument();
+        const QString text = WriteDocumentText(*this);
+        Utf8Pieces pieces(text);
+        QByteArray piece = pieces.Next();
         // The writer leaves out the characters that XML cannot carry and the
         // encoding replaces unpaired surrogates, so what the records write
         // always reads back; a record without its settings writes no root
-        // element, and such a document never replaces a file. (Reading the
-        // whole document back would guard against host records that write
-        // invalid element names, at two thirds of the cost of the save.)
-        if (!QXmlStreamReader(document).readNextStartElement())
+        // element, and such a document never replaces a file. The root's
+        // start tag is in the first piece. (Reading the whole document back
+        // would guard against host records that write invalid element names,
+        // at two thirds of the cost of the save.)
+        if (!QXmlStreamReader(piece).readNextStartElement())
             throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
                                   .arg(fileName, GetObjectName()));
         QSaveFile file(fileName);
@@ -474,7 +505,12 @@ void IKMObject::SaveXml(const QString& fileName) const {
         // file size limit is reached), and would put the cut-off file in
         // place of the previous one. Leaving without commit() discards the
         // temporary file.
-        if (file.write(document) != document.size() || !file.flush() || !file.commit())
+        bool written = file.write(piece) == piece.size();
+        while (written && !pieces.AtEnd()) {
+            piece = pieces.Next();
+            written = file.write(piece) == piece.size();
+        }
+        if (!written || !file.flush() || !file.commit())
             throw KMException(
                 QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
     } catch (const KelmoraException& failure) {
@@ -587,15 +623,6 @@ void IKMObject::ReadRootElement(QXmlStreamReader& reader) {
     while (!reader.atEnd())
         reader.readNext();
     ThrowIfReaderFailed(reader);
-}
-
-QByteArray IKMObject::WriteDocument() const {
-    // Written as text and encoded once at the end. The writer's own UTF-8
-    // encoder keeps state from one write to the next: an unpaired surrogate
-    // in a value (an item name, say) made it drop every following name and
-    // value, and the document could not be read again. QString::toUtf8
-    // replaces such a surrogate on its own.
-    return WriteDocumentText(*this).toUtf8();
 }
 
 void IKMObject::LogFailure(const QString& operation, const KelmoraException& failure) const {

@@ -138,7 +138,6 @@ private:
     void ReadDocument(QXmlStreamReader& reader, bool runValidation);
     void ReadRootElement(QXmlStreamReader& reader);
     void ReadBinaryFrame(QDataStream& in);
-    QByteArray WriteDocument() const;
     void LogFailure(const QString& operation, const KelmoraException& failure) const;
 
     ObjectTypes m_objectType;

@@ -213,7 +213,8 @@ TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
             const QVector<double> read = DoubleListCodec::Decode(variant);
             ASSERT_EQ(read.size(), decoded.size() / 8) << variant.toStdString();
             for (int i = 0; i < read.size(); ++i) {
-                const quint64 bits = qFromLittleEndian<quint64>(decoded.constData() + 8 * static_cast<ptrdiff_t>(i));
+                const quint64 bits =
+                    qFromLittleEndian<quint64>(decoded.constData() + 8 * static_cast<ptrdiff_t>(i));
                 double value = 0;
                 std::memcpy(&value, &bits, sizeof value);
                 ASSERT_TRUE(SameBits(read[i], value)) << variant.toStdString();
@@ -345,6 +346,19 @@ TEST(DocumentText, IsWhatTheUtf8WriterWrites) {
     WDE fromText;
     fromText.SetXmlString(QString::fromUtf8(reference));
     EXPECT_TRUE(fromText.GetXmlString() == QString::fromUtf8(reference));
+
+    // SaveXml encodes the document in pieces of a million characters: a
+    // surrogate pair is never split between two of them. With and without
+    // one character in front, the pairs of a name that spans the first
+    // boundary fall on both sides of it.
+    for (const QString& front : {QString(), QStringLiteral("x")}) {
+        WDE paired = testfixtures::CompleteWDE();
+        WDE_Exciter exciter(0);
+        exciter.SetItemName(front + QString::fromUtf8("\xf0\x9f\x98\x80").repeated(600000));
+        paired.GetExciterList().append(exciter);
+        paired.SaveXml(path);
+        EXPECT_TRUE(testsupport::FileContents(path) == utf8Document(paired));
+    }
 
     // Items keep the version text they are read with, shared or not.
     const auto read = [](const char* element) {
