@@ -154,9 +154,9 @@ public:
         int length = std::min(kPieceCharacters, m_text.size() - m_from);
         if (m_from + length < m_text.size() && m_text.at(m_from + length - 1).isHighSurrogate())
             --length;
-        const QByteArray piece = m_text.midRef(m_from, length).toUtf8();
+        const int from = m_from;
         m_from += length;
-        return piece;
+        return m_text.midRef(from, length).toUtf8();
     }
 
 private:
