@@ -60,6 +60,13 @@ inline QByteArray FileContents(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
+// Writes the bytes to the file, replacing what it held.
+inline void WriteFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
 // The names of the direct children of a written element, in order.
 inline QStringList ChildNames(const QString& xml) {
     QStringList names;

@@ -11,12 +11,14 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <csignal>
 #include <sys/resource.h>
 
 using namespace KELMORA;
 using testsupport::FileContents;
 using testsupport::ThrownMessage;
+using testsupport::WriteFile;
 
 namespace {
 
@@ -27,65 +29,32 @@ QStringList Entries(const QString& directory) {
         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-void WriteFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
 Exciter_Settings LookThrough() {
     Exciter_Settings settings;
-    settings.LoadXml(
-        QDir(QStringLiteral(EXAMPLES_DIR)).filePath(QStringLiteral("look_through.xml")));
+    settings.LoadXml(QStringLiteral(EXAMPLES_DIR "/look_through.xml"));
     return settings;
 }
 
-// A WDE whose document is far larger than the file's write buffer, so that
-// the failure comes from write() itself rather than from the final flush.
-WDE LargeWDE() {
-    WDE wde = testfixtures::CompleteWDE();
-    for (int i = 0; i < 500; ++i) {
-        WDE_Exciter exciter(i);
-        exciter.SetLevel(-i);
-        wde.GetExciterList().append(exciter);
-    }
-    return wde;
+// The message of the save, made while a resource limit is lowered to at
+// most `limit`. SIGXFSZ is ignored meanwhile, so that a write past the file
+// size limit fails with EFBIG instead of ending the process.
+QString SaveFailure(const IKMObject& record, const QString& target, int resource, rlim_t limit) {
+    rlimit previous{};
+    getrlimit(resource, &previous);
+    rlimit lowered = previous;
+    lowered.rlim_cur = std::min(limit, previous.rlim_cur);
+    const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
+    EXPECT_EQ(setrlimit(resource, &lowered), 0);
+    const QString message = ThrownMessage([&] { record.SaveXml(target); });
+    setrlimit(resource, &previous);
+    std::signal(SIGXFSZ, previousHandler);
+    return message;
 }
-
-// Lowers a resource limit for its lifetime. While the file size limit is
-// low, SIGXFSZ is ignored, so a write past it fails with EFBIG instead of
-// ending the process.
-class LoweredLimit {
-public:
-    LoweredLimit(int resource, rlim_t limit) : m_resource(resource) {
-        getrlimit(m_resource, &m_previous);
-        if (m_resource == RLIMIT_FSIZE)
-            m_previousHandler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit lowered = m_previous;
-        lowered.rlim_cur = limit;
-        m_lowered = setrlimit(m_resource, &lowered) == 0;
-    }
-    ~LoweredLimit() {
-        setrlimit(m_resource, &m_previous);
-        if (m_resource == RLIMIT_FSIZE)
-            std::signal(SIGXFSZ, m_previousHandler);
-    }
-    LoweredLimit(const LoweredLimit&) = delete;
-    LoweredLimit& operator=(const LoweredLimit&) = delete;
-    bool Lowered() const { return m_lowered; }
-
-private:
-    int m_resource;
-    rlimit m_previous{};
-    void (*m_previousHandler)(int) = SIG_DFL;
-    bool m_lowered = false;
-};
 
 } // namespace
 
-TEST(FailedSaves, TargetsThatCannotBeWrittenKeepEverythingAsItWas) {
+TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
     QTemporaryDir dir;
-    const Exciter_Settings settings = LookThrough();
     const QString previous = dir.filePath(QStringLiteral("settings.xml"));
     const QByteArray previousBytes = "<Exciter_Settings>the previous file</Exciter_Settings>\n";
     WriteFile(previous, previousBytes);
@@ -97,77 +66,51 @@ TEST(FailedSaves, TargetsThatCannotBeWrittenKeepEverythingAsItWas) {
     const QString longName = dir.filePath(QString(255, QLatin1Char('n')));
     WriteFile(longName, previousBytes);
     const QStringList before = Entries(dir.path());
-
-    const struct {
-        const char* what;
-        QString target;
-        const char* message;
-    } failures[] = {
-        {"in a missing directory", dir.filePath(QStringLiteral("missing/settings.xml")),
-         "Cannot open '%1' for writing: "},
-        {"a directory", directory, "Cannot open '%1' for writing: "},
-        {"below a regular file", previous + QStringLiteral("/settings.xml"),
-         "Cannot open '%1' for writing: "},
-        {"a name too long for its temporary", longName, "Cannot write '%1': "},
-    };
-    for (const auto& failure : failures) {
-        SCOPED_TRACE(failure.what);
-        EXPECT_TRUE(ThrownMessage([&] {
-                        settings.SaveXml(failure.target);
-                    }).startsWith(QString::fromLatin1(failure.message).arg(failure.target)));
-    }
-    {
-        // Every open fails while no file descriptor is left.
-        LoweredLimit noFiles(RLIMIT_NOFILE, 0);
-        ASSERT_TRUE(noFiles.Lowered());
-        const QString message = ThrownMessage([&] { settings.SaveXml(previous); });
-        EXPECT_TRUE(
-            message.startsWith(QStringLiteral("Cannot open '%1' for writing: ").arg(previous)))
-            << message.toStdString();
-    }
-    EXPECT_EQ(FileContents(previous), previousBytes);
-    EXPECT_EQ(FileContents(longName), previousBytes);
-    EXPECT_EQ(Entries(directory), QStringList{QStringLiteral("inside.xml")});
-    EXPECT_EQ(Entries(dir.path()), before);
-
-    // The same save to a proper target goes through.
-    settings.SaveXml(previous);
-    Exciter_Settings reloaded;
-    reloaded.LoadXml(previous);
-    EXPECT_EQ(reloaded.GetXmlString(), settings.GetXmlString());
-}
-
-TEST(FailedSaves, AWriteThatFailsHalfwayKeepsThePreviousFile) {
-    // The file size limit cuts the write off after some bytes, as a full
-    // disk does: in the final flush for a small document, in write() itself
-    // for a large one.
-    QTemporaryDir dir;
-    const QString target = dir.filePath(QStringLiteral("settings.xml"));
-    const QByteArray previousBytes = "the previous file, which must survive\n";
+    // The file size limit cuts a write off as a full disk does: for the small
+    // document in the final flush, for the large one, far larger than the
+    // file's write buffer, in write() itself.
     const Exciter_Settings small = LookThrough();
-    const WDE large = LargeWDE();
+    WDE large = testfixtures::CompleteWDE();
+    large.GetExciterList().fill(WDE_Exciter(0), 500);
+
+    const QString cannotOpen = QStringLiteral("Cannot open '%1' for writing: ");
+    const QString cannotWrite = QStringLiteral("Cannot write '%1': ");
     const struct {
         const char* what;
         const IKMObject& record;
-    } saves[] = {{"small", small}, {"large", large}};
-    for (const auto& save : saves) {
-        SCOPED_TRACE(save.what);
-        WriteFile(target, previousBytes);
-        const QStringList before = Entries(dir.path());
+        QString target;
+        int resource;
+        rlim_t limit;
         QString message;
-        {
-            LoweredLimit fileSize(RLIMIT_FSIZE, 1000);
-            ASSERT_TRUE(fileSize.Lowered());
-            message = ThrownMessage([&] { save.record.SaveXml(target); });
-        }
-        EXPECT_TRUE(message.startsWith(QStringLiteral("Cannot write '%1': ").arg(target)))
+    } failures[] = {
+        {"in a missing directory", small, dir.filePath(QStringLiteral("missing/settings.xml")),
+         RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
+        {"a directory", small, directory, RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
+        {"below a regular file", small, previous + QStringLiteral("/settings.xml"), RLIMIT_NOFILE,
+         RLIM_INFINITY, cannotOpen},
+        {"a name too long for its temporary", small, longName, RLIMIT_NOFILE, RLIM_INFINITY,
+         cannotWrite},
+        {"no file descriptor left", small, previous, RLIMIT_NOFILE, 0, cannotOpen},
+        {"cut off in the final flush", small, previous, RLIMIT_FSIZE, 1000, cannotWrite},
+        {"cut off in write()", large, previous, RLIMIT_FSIZE, 1000, cannotWrite},
+    };
+    for (const auto& failure : failures) {
+        SCOPED_TRACE(failure.what);
+        const QString message =
+            SaveFailure(failure.record, failure.target, failure.resource, failure.limit);
+        EXPECT_TRUE(message.startsWith(failure.message.arg(failure.target)))
             << message.toStdString();
-        EXPECT_EQ(FileContents(target), previousBytes);
+        EXPECT_EQ(FileContents(previous), previousBytes);
+        EXPECT_EQ(FileContents(longName), previousBytes);
+        EXPECT_EQ(Entries(directory), QStringList{QStringLiteral("inside.xml")});
         EXPECT_EQ(Entries(dir.path()), before); // no temporary file left behind
+    }
 
-        // Without the limit the same save goes through.
-        save.record.SaveXml(target);
-        EXPECT_GT(FileContents(target).size(), 1000);
-        EXPECT_EQ(QString::fromUtf8(FileContents(target)), save.record.GetXmlString());
+    // Without the limits the same saves go through, past the size limit.
+    const IKMObject* const saves[] = {&small, &large};
+    for (const IKMObject* record : saves) {
+        record->SaveXml(previous);
+        EXPECT_GT(FileContents(previous).size(), 1000);
+        EXPECT_EQ(QString::fromUtf8(FileContents(previous)), record->GetXmlString());
     }
 }
