@@ -54,13 +54,13 @@ protected:
 };
 
 TEST_F(ToolCommandLine, CheckPrintsOneLinePerFileAndExitsWithTheWorstStatus) {
-    EXPECT_EQ(Output({"check", kExample, "incomplete.xml"}, 1),
-              kExample + ": OK\nincomplete.xml: ATTANTPath: Please set ATT4!\n");
-    // An unreadable file outranks a failing one, and the files after it are
-    // still checked.
-    EXPECT_EQ(Output({"check", "incomplete.xml", "missing.xml", kExample}, 2,
+    const QString failed = QStringLiteral("incomplete.xml: ATTANTPath: Please set ATT4!\n");
+    EXPECT_EQ(Output({"check", kExample, "incomplete.xml"}, 1), kExample + ": OK\n" + failed);
+    // An unreadable file outranks a failing one, before or after it, and the
+    // files after it are still checked.
+    EXPECT_EQ(Output({"check", "incomplete.xml", "missing.xml", "incomplete.xml"}, 2,
                      "missing.xml: Cannot open for reading: No such file or directory\n"),
-              "incomplete.xml: ATTANTPath: Please set ATT4!\n" + kExample + ": OK\n");
+              failed + failed);
     const QString invalid = kExamples + "invalid_missing_transmit_time.xml";
     EXPECT_EQ(Output({"check", invalid}, 1), invalid + ": SCU: Please set TransmitTime!\n");
     EXPECT_EQ(Output({"check", kExample}), kExample + ": OK\n");
