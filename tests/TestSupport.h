@@ -84,6 +84,24 @@ inline QStringList Words(const char* text) {
     return QString::fromLatin1(text).split(QLatin1Char(' '));
 }
 
+// An enumeration's texts in value order: each converts to its position and
+// back, and anything else (its lower case, the empty text, values outside
+// the table) misses.
+template <class Record, class E>
+void ExpectEnumTexts(const char* texts, QString (Record::*toText)(E) const,
+                     E (Record::*toValue)(const QString&) const) {
+    const Record record;
+    const QStringList words = Words(texts);
+    for (int value = 0; value < words.size(); ++value) {
+        EXPECT_EQ((record.*toText)(static_cast<E>(value)), words[value]);
+        EXPECT_EQ((record.*toValue)(words[value]), value);
+        EXPECT_EQ((record.*toValue)(words[value].toLower()), -1) << words[value].toStdString();
+    }
+    EXPECT_TRUE((record.*toText)(static_cast<E>(words.size())).isEmpty()) << texts;
+    EXPECT_TRUE((record.*toText)(static_cast<E>(-1)).isEmpty()) << texts;
+    EXPECT_EQ((record.*toValue)(QString()), -1);
+}
+
 } // namespace testsupport
 
 #endif

@@ -11,6 +11,7 @@ using namespace KELMORA;
 using testfixtures::CompleteWDE;
 using testsupport::CheckMessage;
 using testsupport::ChildNames;
+using testsupport::ExpectEnumTexts;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
 
@@ -18,22 +19,6 @@ namespace {
 
 QString WDEElement(const QString& children) {
     return QStringLiteral("<WDE Version=\"0.7\">%1</WDE>").arg(children);
-}
-
-// Each text converts to its position and back; anything else misses.
-template <class E>
-void ExpectTable(const char* texts, QString (WDE::*toText)(E) const,
-                 E (WDE::*toValue)(const QString&) const) {
-    const WDE wde;
-    const QStringList words = testsupport::Words(texts);
-    for (int value = 0; value < words.size(); ++value) {
-        EXPECT_EQ((wde.*toText)(static_cast<E>(value)), words[value]);
-        EXPECT_EQ((wde.*toValue)(words[value]), value);
-        EXPECT_EQ((wde.*toValue)(words[value].toLower()), -1) << words[value].toStdString();
-    }
-    EXPECT_TRUE((wde.*toText)(static_cast<E>(words.size())).isEmpty()) << texts;
-    EXPECT_TRUE((wde.*toText)(static_cast<E>(-1)).isEmpty()) << texts;
-    EXPECT_EQ((wde.*toValue)(QString()), -1);
 }
 
 } // namespace
@@ -44,10 +29,6 @@ TEST(WDERecord, WritesValuesListsAndOptionalElementsInOrder) {
               testsupport::Words("Frequency Bandwidth Mode EmissiondetectorMode "
                                  "EmissiondetectorDelay EmissiondetectorAveraging ExciterCount "
                                  "ExciterPulseLength ExciterRXDelay ExciterTXDelay GuardTime"));
-    for (const char* part : {"<WDE Version=\"0.1\">", "<Mode></Mode>",
-                             "<EmissiondetectorDelay>-111111</EmissiondetectorDelay>",
-                             "<ExciterCount>4294967295</ExciterCount>"})
-        EXPECT_TRUE(fresh.contains(QLatin1String(part))) << part;
 
     WDE wde = CompleteWDE();
     wde.GetSinglechanneldetectorList().append(WDE_Singlechanneldetector(0));
@@ -68,11 +49,15 @@ TEST(WDERecord, WritesValuesListsAndOptionalElementsInOrder) {
                                  "ExciterPulseLength ExciterRXDelay ExciterTXDelay ExciterList "
                                  "GuardTime SimulationList Attenuation AttenuationMode "
                                  "AttenuationValue GainControl AGCValue MGCValue"));
+    // The texts of both records; the unset markers can only come from the fresh one.
     for (const char* part :
-         {"<Mode>DETX</Mode>", "<EmissiondetectorAveraging>MIDDLE</EmissiondetectorAveraging>",
+         {"<WDE Version=\"0.1\">", "<Mode></Mode>",
+          "<EmissiondetectorDelay>-111111</EmissiondetectorDelay>",
+          "<ExciterCount>4294967295</ExciterCount>", "<Mode>DETX</Mode>",
+          "<EmissiondetectorAveraging>MIDDLE</EmissiondetectorAveraging>",
           "<ExciterPulseLength>0.001</ExciterPulseLength>", "<Attenuation>OFF</Attenuation>",
           "<GainControl>MGC</GainControl><AGCValue>FAST</AGCValue><MGCValue>12.5</MGCValue>"})
-        EXPECT_TRUE(xml.contains(QLatin1String(part))) << part;
+        EXPECT_TRUE((fresh + xml).contains(QLatin1String(part))) << part;
     wde.SetMGCValue(-111111.11);
     EXPECT_FALSE(WrittenXml(wde).contains(QStringLiteral("MGCValue")));
 
@@ -112,15 +97,6 @@ TEST(WDERecord, ReadingIndexesItemsByPositionAndFilesThemByName) {
     wde.SetXmlString(WDEElement(content));
     EXPECT_EQ(wde.GetExciterList().size(), 8);
     EXPECT_EQ(wde.GetExciterList()[4].GetIndex(), 4);
-
-    const QString nested = QStringLiteral("<ExciterList>").repeated(1000) +
-                           QStringLiteral("</ExciterList>").repeated(1000);
-    EXPECT_TRUE(ThrownMessage([&] {
-                    wde.SetXmlString(WDEElement(nested));
-                }).contains(QStringLiteral("nested too deeply")));
-    wde.SetXmlString(WDEElement(QStringLiteral("<SimulationList><SimulationList><WDE_Simulation/>"
-                                               "</SimulationList></SimulationList>")));
-    EXPECT_EQ(wde.GetSimulationList().size(), 3); // the nesting guard unwound
 }
 
 TEST(WDERecord, CheckOrderTextsAndDataQueries) {
@@ -159,19 +135,19 @@ TEST(WDERecord, CheckOrderTextsAndDataQueries) {
 }
 
 TEST(WDEEnumerations, DisplayAndSKPITextsConvertBothWays) {
-    ExpectTable("OFF DET DETX EX SIM SDET", &WDE::GetStringForMode, &WDE::GetModeForString);
-    ExpectTable("LOOP NONLoop", &WDE::GetStringForEmissiondetectorMode,
-                &WDE::GetEmissiondetectorModeForString);
-    ExpectTable("NONE SHORT MIDDLE LONG", &WDE::GetStringForEmissiondetectorAveraging,
-                &WDE::GetEmissiondetectorAveragingForString);
-    ExpectTable("NONE SHORt MIDDLe LONG", &WDE::GetSKPIStringForEmissiondetectorAveraging,
-                &WDE::GetEmissiondetectorAveragingForSKPIString);
-    ExpectTable("ON OFF", &WDE::GetStringForAttenuationType, &WDE::GetAttenuationTypeForString);
-    ExpectTable("LOWNOISE NORMAL LOWDISTORT", &WDE::GetStringForAttenuationModeType,
-                &WDE::GetAttenuationModeTypeForString);
-    ExpectTable("AGC MGC", &WDE::GetStringForGainCtrlType, &WDE::GetGainCtrlTypeForString);
-    ExpectTable("SLOW DEFAULT FAST", &WDE::GetStringForAGCValueType,
-                &WDE::GetAGCValueTypeForString);
+    ExpectEnumTexts("OFF DET DETX EX SIM SDET", &WDE::GetStringForMode, &WDE::GetModeForString);
+    ExpectEnumTexts("LOOP NONLoop", &WDE::GetStringForEmissiondetectorMode,
+                    &WDE::GetEmissiondetectorModeForString);
+    ExpectEnumTexts("NONE SHORT MIDDLE LONG", &WDE::GetStringForEmissiondetectorAveraging,
+                    &WDE::GetEmissiondetectorAveragingForString);
+    ExpectEnumTexts("NONE SHORt MIDDLe LONG", &WDE::GetSKPIStringForEmissiondetectorAveraging,
+                    &WDE::GetEmissiondetectorAveragingForSKPIString);
+    ExpectEnumTexts("ON OFF", &WDE::GetStringForAttenuationType, &WDE::GetAttenuationTypeForString);
+    ExpectEnumTexts("LOWNOISE NORMAL LOWDISTORT", &WDE::GetStringForAttenuationModeType,
+                    &WDE::GetAttenuationModeTypeForString);
+    ExpectEnumTexts("AGC MGC", &WDE::GetStringForGainCtrlType, &WDE::GetGainCtrlTypeForString);
+    ExpectEnumTexts("SLOW DEFAULT FAST", &WDE::GetStringForAGCValueType,
+                    &WDE::GetAGCValueTypeForString);
 
     const WDE wde;
     EXPECT_EQ(wde.GetEmissiondetectorAveragingForSKPIString(QStringLiteral("SHORT")), -1);
