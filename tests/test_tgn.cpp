@@ -55,7 +55,7 @@ TEST(TGNRecord, WritesOptionalValuesOnlyWhenSetInFixedOrderAndFormats) {
         "<Tone>440.00</Tone><ToneStop>-3.46</ToneStop><ToneStart>1.00</ToneStart>"
         "<AMDepth>-7</AMDepth><SweepActive>true</SweepActive><SweepSpacing>LIN</SweepSpacing>"
         "<SweepDwellTime>1.23457e+06</SweepDwellTime><FMCoupling>AC</FMCoupling>"
-        "<FMInput>EXT1</FMInput><FMDeviation>0.25</FMDeviation><NoiseLevel>12</NoiseLevel>"
+        "<FMInput>EXT1</FMInput><FMDeviation>1.23457</FMDeviation><NoiseLevel>12</NoiseLevel>"
         "<IQModulationState>true</IQModulationState>"
         "<IQModulationSource>BASEBAND</IQModulationSource><BBINState>true</BBINState>");
     // Read with more digits than are written: each value keeps its own format.
@@ -63,7 +63,8 @@ TEST(TGNRecord, WritesOptionalValuesOnlyWhenSetInFixedOrderAndFormats) {
         QStringLiteral("<TGN Version=\"1.0\">%1</TGN>")
             .arg(QString(optional)
                      .replace(QStringLiteral("-3.46"), QStringLiteral("-3.456"))
-                     .replace(QStringLiteral("1.23457e+06"), QStringLiteral("1234567"))));
+                     .replace(QStringLiteral("1.23457e+06"), QStringLiteral("1234567"))
+                     .replace(QStringLiteral("1.23457<"), QStringLiteral("1.2345678<"))));
     EXPECT_EQ(WrittenXml(tgn),
               kRequired + optional + WrittenXml(tgn.GetScanParameter()) + QStringLiteral("</TGN>"));
 }
