@@ -22,7 +22,10 @@ using namespace KELMORA;
 namespace {
 
 bool SameBits(double a, double b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    quint64 aBits = 0, bBits = 0;
+    std::memcpy(&aBits, &a, sizeof a);
+    std::memcpy(&bBits, &b, sizeof b);
+    return aBits == bBits;
 }
 
 // The values' little-endian IEEE 754 bytes, as a Base64 list carries them.

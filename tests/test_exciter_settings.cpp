@@ -112,9 +112,11 @@ TEST(ExciterSettingsRecord, ReadingModeAutostartAndWDEOrder) {
          "Exciter_Settings: Invalid TaskType '-1'"},
         {"<Mode/>", "Unknown Tag 'Mode' in 'Exciter_Settings'"},
     };
-    for (const auto& [children, message] : failures)
-        EXPECT_EQ(ThrownMessage([&] { settings.SetXmlString(Element(QLatin1String(children))); }),
-                  QLatin1String(message));
+    for (const auto& failure : failures) {
+        const QString document = Element(QLatin1String(failure.first));
+        EXPECT_EQ(ThrownMessage([&] { settings.SetXmlString(document); }),
+                  QLatin1String(failure.second));
+    }
     EXPECT_FALSE(settings.GetAutostart()); // read before the failure, kept
 }
 

@@ -45,7 +45,7 @@ QString SaveFailure(const IKMObject& record, const QString& target, int resource
     lowered.rlim_cur = std::min(limit, previous.rlim_cur);
     const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
     EXPECT_EQ(setrlimit(resource, &lowered), 0);
-    const QString message = ThrownMessage([&] { record.SaveXml(target); });
+    QString message = ThrownMessage([&] { record.SaveXml(target); });
     setrlimit(resource, &previous);
     std::signal(SIGXFSZ, previousHandler);
     return message;

@@ -59,7 +59,7 @@ QString BoundedOutcome(int seconds, long mebibytes, const std::function<void()>&
         refs.write("5");
     QElapsedTimer timer;
     timer.start();
-    const QString message = Outcome(load);
+    QString message = Outcome(load);
     EXPECT_LT(timer.elapsed(), seconds * 1000LL * (UnderValgrind() ? 50 : 1));
     const QRegularExpressionMatch peak =
         QRegularExpression(QStringLiteral("VmHWM:\\s*(\\d+) kB"))

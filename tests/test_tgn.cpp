@@ -117,12 +117,10 @@ TEST(TGNRecord, ReadingConvertersAndReset) {
          "TGN: Unknown TGNModulation 'FM  int'"},
         {"<ToneStop>1</ToneStop><tone>2</tone>", "Unknown Tag 'tone' in 'TGN'"},
     };
-    for (const auto& [children, message] : failures) {
-        EXPECT_EQ(ThrownMessage([&] {
-                      tgn.SetXmlString(
-                          QStringLiteral("<TGN>%1</TGN>").arg(QLatin1String(children)));
-                  }),
-                  QLatin1String(message));
+    for (const auto& failure : failures) {
+        const QString document = QStringLiteral("<TGN>%1</TGN>").arg(QLatin1String(failure.first));
+        EXPECT_EQ(ThrownMessage([&] { tgn.SetXmlString(document); }),
+                  QLatin1String(failure.second));
     }
     EXPECT_EQ(tgn.GetTone(), 440);
     EXPECT_EQ(tgn.GetToneStop(), 1);
