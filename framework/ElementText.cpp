@@ -4,6 +4,9 @@
 #include "NumberText.h"
 #include "RecordFormat.h"
 
+#include <ReadObserver.h>
+#include <XmlReaderError.h>
+
 #include <cstring>
 
 namespace KELMORA {
@@ -26,8 +29,9 @@ QString CollectRest(QXmlStreamReader& reader, QString text, QXmlStreamReader::To
             reader.skipCurrentElement();
             break;
         default:
+            // A text that breaks off is no value: nothing of it is stored.
             if (reader.hasError())
-                return text;
+                throw XmlReaderError(reader);
             break;
         }
     }
@@ -38,10 +42,21 @@ QString CollectRest(QXmlStreamReader& reader, QString text, QXmlStreamReader::To
 // 64 frequencies is 684 characters.
 constexpr int kKeptCharacters = 1024;
 
+// Tells an observer of the reading which text a record took.
+void Report(const QString& text) {
+    if (ReadObserver* observer = ReadObserver::Current())
+        observer->ValueRead(text);
+}
+
 // Converts the element's text with `fromPiece` when it is one piece directly
-// followed by the end element, and with `fromText` otherwise.
+// followed by the end element, and with `convertText` otherwise.
+
 template <typename FromPiece, typename FromText>
-auto Convert(QXmlStreamReader& reader, FromPiece fromPiece, FromText fromText) {
+auto Convert(QXmlStreamReader& reader, FromPiece fromPiece, FromText convertText) {
+    const auto fromText = [&convertText](const QString& text) {
+        Report(text);
+        return convertText(text);
+    };
     if (!reader.isStartElement())
         return fromText(QString());
     QXmlStreamReader::TokenType token = reader.readNext();
@@ -59,8 +74,11 @@ auto Convert(QXmlStreamReader& reader, FromPiece fromPiece, FromText fromText) {
     std::memcpy(kept, piece.unicode(), static_cast<size_t>(size) * sizeof(char16_t));
     const auto value = fromPiece(piece);
     token = reader.readNext();
-    if (token == QXmlStreamReader::EndElement)
+    if (token == QXmlStreamReader::EndElement) {
+        if (ReadObserver::Current())
+            Report(QString(reinterpret_cast<const QChar*>(kept), size));
         return value;
+    }
     return fromText(
         CollectRest(reader, QString(reinterpret_cast<const QChar*>(kept), size), token));
 }

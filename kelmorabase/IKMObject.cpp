@@ -1,5 +1,8 @@
 #include "IKMObject.h"
 
+#include "ReadObserver.h"
+#include "XmlReaderError.h"
+
 #include <QSaveFile>
 
 #include <algorithm>
@@ -36,9 +39,7 @@ private:
 };
 
 [[noreturn]] void ThrowReaderError(const QXmlStreamReader& reader) {
-    throw KMException(QStringLiteral("XML error: %1 (line %2, column %3)")
-                          .arg(reader.errorString(), QString::number(reader.lineNumber()),
-                               QString::number(reader.columnNumber())));
+    throw XmlReaderError(reader);
 }
 
 void ThrowIfReaderFailed(const QXmlStreamReader& reader) {
@@ -384,6 +385,9 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
                               .arg(GetObjectName())
                               .arg(reader.lineNumber()));
     NestingGuard guard(m_processXmlNesting);
+    ReadObserver* const observer = ReadObserver::Current();
+    if (observer)
+        observer->RecordEntered(*this, reader);
     while (!reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
         if (token == QXmlStreamReader::Invalid) // the reader failed
@@ -393,10 +397,14 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
         if (token != QXmlStreamReader::StartElement)
             continue;
         const qint64 childStart = reader.characterOffset();
+        if (observer)
+            observer->ChildStarted(*this, reader);
         ProcessXmlStartElement(reader);
         ThrowIfReaderFailed(reader);
         const bool childUntouched = reader.tokenType() == QXmlStreamReader::StartElement &&
                                     reader.characterOffset() == childStart;
+        if (observer)
+            observer->ChildEnded(*this, reader, childUntouched);
         if (childUntouched) {
             reader.skipCurrentElement();
             ThrowIfReaderFailed(reader);
@@ -571,6 +579,8 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
             break;
         }
         case QXmlStreamReader::EndElement:
+            if (ReadObserver* observer = ReadObserver::Current())
+                observer->ValueRead(text);
             return text;
         case QXmlStreamReader::StartElement:
             reader.skipCurrentElement();

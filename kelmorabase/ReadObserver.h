@@ -1,0 +1,62 @@
+#ifndef KELMORA_READOBSERVER_H
+#define KELMORA_READOBSERVER_H
+
+#include <KelmoraBaseExport.h>
+
+#include <QString>
+#include <QXmlStreamReader>
+
+namespace KELMORA {
+
+class IKMObject;
+
+// Watches the records read a document, without changing what they do: which
+// child elements a record took, which it passed over, which it handed to a
+// nested record or read as a wrapper of its own, and the text of every value
+// it took. Diagnostics build on it, so that they see a document exactly as
+// the records read it.
+//
+// An observer is installed for the current thread with Scope; records read on
+// other threads are not seen. Every call comes with the reader positioned as
+// described; the observer must not move the reader.
+class KELMORABASE_EXPORT ReadObserver {
+public:
+    ReadObserver() = default;
+    ReadObserver(const ReadObserver&) = delete;
+    ReadObserver& operator=(const ReadObserver&) = delete;
+    virtual ~ReadObserver();
+
+    // IKMObject::ProcessXml of `record` begins, the reader on the start
+    // element it reads: the document's root, a child that the parent handed
+    // to a nested record, or a wrapper that a record reads as its own (the
+    // same record as the one reading the enclosing element).
+    virtual void RecordEntered(const IKMObject& record, const QXmlStreamReader& reader) = 0;
+    // The element loop of `record` found a child start element (the reader is
+    // on it) and hands it to the record.
+    virtual void ChildStarted(const IKMObject& record, const QXmlStreamReader& reader) = 0;
+    // The record is done with the child: it read it (the reader on its end
+    // element), or left it untouched and the loop passes over it.
+    virtual void ChildEnded(const IKMObject& record, const QXmlStreamReader& reader,
+                            bool passedOver) = 0;
+    // A record took the text of the current child element as a value.
+    virtual void ValueRead(const QString& text) = 0;
+
+    // The observer of this thread, or null.
+    static ReadObserver* Current();
+
+    // Installs an observer for this thread while the scope lasts.
+    class KELMORABASE_EXPORT Scope {
+    public:
+        explicit Scope(ReadObserver& observer);
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+        ~Scope();
+
+    private:
+        ReadObserver* m_previous;
+    };
+};
+
+} // namespace KELMORA
+
+#endif
