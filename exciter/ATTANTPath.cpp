@@ -1,6 +1,7 @@
 #include "ATTANTPath.h"
 
 #include "RecordFormat.h"
+#include "ValueNotes.h"
 #include "RecordMessages.h"
 #include "TextElement.h"
 
@@ -12,6 +13,14 @@ const QString kObjectName = QStringLiteral("ATTANTPath");
 const QString kSwitchNames[] = {QStringLiteral("ATT1"), QStringLiteral("ATT2"),
                                 QStringLiteral("ATT3"), QStringLiteral("ATT4"),
                                 QStringLiteral("ATT5"), QStringLiteral("ATT6")};
+// Held as text, read as a flag: the diagnostics point out texts other than
+// "true" and "false".
+using ValueNotes::Kind;
+const ValueNotes::Registration kSwitchNotes[] = {
+    {kObjectName, kSwitchNames[0], Kind::TextFlag}, {kObjectName, kSwitchNames[1], Kind::TextFlag},
+    {kObjectName, kSwitchNames[2], Kind::TextFlag}, {kObjectName, kSwitchNames[3], Kind::TextFlag},
+    {kObjectName, kSwitchNames[4], Kind::TextFlag}, {kObjectName, kSwitchNames[5], Kind::TextFlag},
+};
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
+#include "ValueNotes.h"
 #include "RecordMessages.h"
 #include "TextElement.h"
 
@@ -41,6 +42,8 @@ const QStringList kTGNModulations = {QStringLiteral("CW"),         QStringLitera
                                      QStringLiteral("AM ext"),     QStringLiteral("NOISE")};
 
 const EnumTable kIQSources{{TGN::ANALOG, "ANALOG"}, {TGN::BASEBAND, "BASEBAND"}};
+const ValueNotes::Registration kIQSourceNote{kObjectName, kIQModulationSource,
+                                             ValueNotes::Kind::Enumeration, &kIQSources};
 
 bool IsSet(double value) {
     return value != Unset::Double;

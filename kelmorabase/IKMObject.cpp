@@ -388,7 +388,17 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
     ReadObserver* const observer = ReadObserver::Current();
     if (observer)
         observer->RecordEntered(*this, reader);
+    qint64 tokenLine = 0;
+    qint64 tokenColumn = 0;
     while (!reader.atEnd()) {
+        // Tokens follow each other without a gap, so where the last one
+        // ended the next one begins; the reader has seen one character
+        // beyond a text, the '<' that ended it.
+        if (observer) {
+            tokenLine = reader.lineNumber();
+            tokenColumn = reader.columnNumber() +
+                          (reader.tokenType() == QXmlStreamReader::Characters ? 0 : 1);
+        }
         const QXmlStreamReader::TokenType token = reader.readNext();
         if (token == QXmlStreamReader::Invalid) // the reader failed
             ThrowReaderError(reader);
@@ -398,7 +408,7 @@ void IKMObject::ProcessXml(QXmlStreamReader& reader) {
             continue;
         const qint64 childStart = reader.characterOffset();
         if (observer)
-            observer->ChildStarted(*this, reader);
+            observer->ChildStarted(*this, reader, tokenLine, tokenColumn);
         ProcessXmlStartElement(reader);
         ThrowIfReaderFailed(reader);
         const bool childUntouched = reader.tokenType() == QXmlStreamReader::StartElement &&

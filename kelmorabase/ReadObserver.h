@@ -32,8 +32,10 @@ public:
     // same record as the one reading the enclosing element).
     virtual void RecordEntered(const IKMObject& record, const QXmlStreamReader& reader) = 0;
     // The element loop of `record` found a child start element (the reader is
-    // on it) and hands it to the record.
-    virtual void ChildStarted(const IKMObject& record, const QXmlStreamReader& reader) = 0;
+    // on it) and hands it to the record. `line` and `column` (both from 1)
+    // tell where its start tag begins; the reader's own position is after it.
+    virtual void ChildStarted(const IKMObject& record, const QXmlStreamReader& reader, qint64 line,
+                              qint64 column) = 0;
     // The record is done with the child: it read it (the reader on its end
     // element), or left it untouched and the loop passes over it.
     virtual void ChildEnded(const IKMObject& record, const QXmlStreamReader& reader,

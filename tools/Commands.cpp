@@ -4,10 +4,12 @@
 #include "TreePrinter.h"
 
 #include <KMException.h>
+#include <SettingsLint.h>
 
 #include <QFile>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 
@@ -107,6 +109,21 @@ int RunShow(const QString& file, QTextStream& out, QTextStream& err) {
         return ExitUnreadable;
     }
     return ExitSuccess;
+}
+
+int RunLint(const QStringList& files, QTextStream& out) {
+    int status = ExitSuccess;
+    for (const QString& file : files) {
+        for (const KELMORA::LintFinding& finding : KELMORA::SettingsLint::LintXmlFile(file)) {
+            out << file << ':' << finding.line << ':' << finding.column << ": "
+                << finding.SeverityText() << ": " << finding.message << '\n';
+            status = std::max(status, finding.severity == KELMORA::LintFinding::Error
+                                          ? int(ExitUnreadable)
+                                          : int(ExitFailed));
+        }
+        out.flush();
+    }
+    return status;
 }
 
 int RunFormat(const QString& file, const QString& target, QTextStream& err) {

@@ -30,6 +30,10 @@ std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName);
 // Returns the worst status.
 int RunCheck(const QStringList& files, QTextStream& out, QTextStream& err);
 int RunShow(const QString& file, QTextStream& out, QTextStream& err);
+// Lints each file: one line "FILE:LINE:COLUMN: warning: MESSAGE" (or
+// "error:") per finding on out. Returns 0 without findings, 1 with warnings,
+// 2 when a file could not be read.
+int RunLint(const QStringList& files, QTextStream& out);
 // Writes the record back to target through the record's atomic save.
 int RunFormat(const QString& file, const QString& target, QTextStream& err);
 

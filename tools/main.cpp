@@ -40,14 +40,23 @@ QString Description() {
                "  check FILE...         Load and validate each file; prints \"FILE: OK\" or\n"
                "                        \"FILE: <reason>\" per file.\n"
                "  show FILE             Print the settings as an indented tree.\n"
+               "  lint FILE...          Report what each file would lose or change without a\n"
+               "                        word when loaded and saved: numbers that do not\n"
+               "                        convert, flags other than \"true\"/\"false\", texts\n"
+               "                        outside a choice list, more decimals than are kept,\n"
+               "                        unknown elements and attributes, values given twice,\n"
+               "                        damaged Base64 lists, values outside their range. One\n"
+               "                        line per finding: \"FILE:LINE:COLUMN: warning: MESSAGE\"\n"
+               "                        (\"error:\" when the file cannot be read at all).\n"
                "  format FILE [-o OUT]  Write the file back in the library's indented form, to\n"
                "                        OUT or in place. The write is atomic: on failure the\n"
                "                        original stays untouched.\n"
                "\n"
                "Exit status:\n"
                "  0   success\n"
-               "  1   check: a file failed validation; format: the result could not be\n"
-               "      written (incomplete settings, target not writable)\n"
+               "  1   check: a file failed validation; lint: a file had findings; format:\n"
+               "      the result could not be written (incomplete settings, target not\n"
+               "      writable)\n"
                "  2   a file could not be read: missing, not well-formed XML, unknown root\n"
                "      element, or rejected by its record while loading (such as an unknown\n"
                "      element); the reason goes to standard error as \"FILE: <reason>\"\n"
@@ -67,7 +76,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("check, show or format."),
+                                 QStringLiteral("check, show, lint or format."),
                                  QStringLiteral("<command> [<args>]"));
 
     // A first pass finds the command; its own arguments and options are then
@@ -78,13 +87,18 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
                                     QStringLiteral("Write to OUT instead of rewriting FILE."),
                                     QStringLiteral("OUT"));
     const bool known = command == QLatin1String("check") || command == QLatin1String("show") ||
-                       command == QLatin1String("format");
+                       command == QLatin1String("lint") || command == QLatin1String("format");
     if (known) {
         parser.clearPositionalArguments();
         if (command == QLatin1String("check")) {
             parser.addPositionalArgument(command, QStringLiteral("Load and validate each FILE."));
             parser.addPositionalArgument(QStringLiteral("FILE"),
                                          QStringLiteral("Settings files to validate."),
+                                         QStringLiteral("FILE..."));
+        } else if (command == QLatin1String("lint")) {
+            parser.addPositionalArgument(command, QStringLiteral("Report silent losses."));
+            parser.addPositionalArgument(QStringLiteral("FILE"),
+                                         QStringLiteral("Settings files to lint."),
                                          QStringLiteral("FILE..."));
         } else if (command == QLatin1String("show")) {
             parser.addPositionalArgument(command, QStringLiteral("Print FILE as a tree."));
@@ -117,6 +131,11 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
         if (files.isEmpty())
             return UsageError(err, QStringLiteral("check needs at least one FILE"));
         return RunCheck(files, out, err);
+    }
+    if (command == QLatin1String("lint")) {
+        if (files.isEmpty())
+            return UsageError(err, QStringLiteral("lint needs at least one FILE"));
+        return RunLint(files, out);
     }
     if (files.size() != 1)
         return UsageError(err, QStringLiteral("%1 takes exactly one FILE").arg(command));

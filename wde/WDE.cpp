@@ -4,6 +4,7 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
+#include "ValueNotes.h"
 #include "RecordMessages.h"
 
 namespace KELMORA {
@@ -50,6 +51,18 @@ const EnumTable kAttenuationModeTypes{{WDE::ATTENUATIONMODE_LOWNOISE, "LOWNOISE"
 const EnumTable kGainCtrlTypes{{WDE::GAINCTRL_AGC, "AGC"}, {WDE::GAINCTRL_MGC, "MGC"}};
 const EnumTable kAGCValueTypes{
     {WDE::AGCVALUE_SLOW, "SLOW"}, {WDE::AGCVALUE_DEFAULT, "DEFAULT"}, {WDE::AGCVALUE_FAST, "FAST"}};
+
+using ValueNotes::Kind;
+using ValueNotes::Registration;
+const Registration kNotes[] = {
+    {kName, kMode, Kind::Enumeration, &kModes},
+    {kName, kEmissiondetectorMode, Kind::Enumeration, &kEmissiondetectorModes},
+    {kName, kEmissiondetectorAveraging, Kind::Enumeration, &kEmissiondetectorAveragings},
+    {kName, kAttenuation, Kind::Enumeration, &kAttenuationTypes},
+    {kName, kAttenuationMode, Kind::Enumeration, &kAttenuationModeTypes},
+    {kName, kGainControl, Kind::Enumeration, &kGainCtrlTypes},
+    {kName, kAGCValue, Kind::Enumeration, &kAGCValueTypes},
+};
 
 // Reads one item element into a new item whose index is its position in the
 // list. The item is read in its place at the end of the list, which saves

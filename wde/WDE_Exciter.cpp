@@ -5,6 +5,7 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
+#include "ValueNotes.h"
 
 namespace KELMORA {
 
@@ -24,6 +25,8 @@ const QString kPleaseSetLevel = QStringLiteral("WDE_Exciter: Please set Level!")
 
 const EnumTable kSignalTypes{
     {WDE_Exciter::CW, "CW"}, {WDE_Exciter::FSK2, "FSK2"}, {WDE_Exciter::MSK, "MSK"}};
+const ValueNotes::Registration kSignalTypeNote{kObjectName, kSignalType,
+                                               ValueNotes::Kind::Enumeration, &kSignalTypes};
 
 bool IsSet(double value) {
     return value != Unset::Double;

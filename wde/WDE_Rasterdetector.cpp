@@ -7,6 +7,7 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
+#include "ValueNotes.h"
 #include "RecordMessages.h"
 
 namespace KELMORA {
@@ -44,6 +45,15 @@ const EnumTable kThresholdModes{{WDE_Rasterdetector::THRESHOLDMODE_ABSOLUTE, "AB
 const EnumTable kAvgTimes{{WDE_Rasterdetector::AVGTIME_SHORT, "SHORT", "SHORt"},
                           {WDE_Rasterdetector::AVGTIME_MIDDLE, "MIDDLE", "MIDDLe"},
                           {WDE_Rasterdetector::AVGTIME_LONG, "LONG"}};
+
+using ValueNotes::Kind;
+using ValueNotes::Registration;
+const Registration kNotes[] = {
+    {kObjectName, kAmplifier, Kind::Enumeration, &kAmplifiers},
+    {kObjectName, kThresholdMode, Kind::Enumeration, &kThresholdModes},
+    {kObjectName, kRelativeThresholdAvgTime, Kind::Enumeration, &kAvgTimes},
+    {kObjectName, ElementNames::Frequency, Kind::DoubleList},
+};
 
 } // namespace
 

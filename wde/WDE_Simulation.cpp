@@ -6,6 +6,7 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
+#include "ValueNotes.h"
 #include "RecordMessages.h"
 
 namespace KELMORA {
@@ -24,6 +25,8 @@ const QString kFrequencyList = QStringLiteral("FrequencyList");
 // "PN" is matched before "FLIS" when reading a text.
 const EnumTable kSimulationTypes{{WDE_Simulation::SIMULATIONTYPE_PN, "PN"},
                                  {WDE_Simulation::SIMULATIONTYPE_FLIS, "FLIS"}};
+const ValueNotes::Registration kTypeNote{kObjectName, kType, ValueNotes::Kind::Enumeration,
+                                         &kSimulationTypes};
 
 const QString kPleaseSetExciterSet = QStringLiteral(": Please set ExciterSet");
 const QString kPleaseSetType = QStringLiteral(": Please set Type");

@@ -1,0 +1,87 @@
+#include "RecordKinds.h"
+
+#include <ATTANTPath.h>
+#include <Exciter_Settings.h>
+#include <SCU.h>
+#include <TGN.h>
+#include <WDE.h>
+#include <WDE_Exciter.h>
+#include <WDE_Rasterdetector.h>
+#include <WDE_Simulation.h>
+#include <WDE_Singlechanneldetector.h>
+
+#include <QFile>
+
+#include <functional>
+#include <vector>
+
+namespace KELMORA {
+
+namespace {
+
+using Factory = std::function<std::unique_ptr<IKMObject>()>;
+
+template <class Record> Factory Make() {
+    return [] { return std::unique_ptr<IKMObject>(std::make_unique<Record>()); };
+}
+
+const std::vector<Factory>& Factories() {
+    static const std::vector<Factory> factories = {
+        Make<Exciter_Settings>(),   Make<TGN>(),         Make<SCU>(),
+        Make<ATTANTPath>(),         Make<WDE>(),         Make<WDE_Exciter>(),
+        Make<WDE_Rasterdetector>(), Make<WDE_Simulation>(), Make<WDE_Singlechanneldetector>(),
+    };
+    return factories;
+}
+
+QString FirstElementName(QXmlStreamReader& reader) {
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement)
+            return reader.name().toString();
+    }
+    return QString();
+}
+
+} // namespace
+
+std::unique_ptr<IKMObject> RecordKinds::Create(const QString& rootName) {
+    for (const Factory& create : Factories()) {
+        std::unique_ptr<IKMObject> record = create();
+        if (record->GetObjectName() == rootName)
+            return record;
+    }
+    return nullptr;
+}
+
+QStringList RecordKinds::RootNames() {
+    QStringList names;
+    for (const Factory& create : Factories())
+        names.append(create()->GetObjectName());
+    names.sort();
+    return names;
+}
+
+QString RecordKinds::RootNameOfXmlString(const QString& xml) {
+    // Fed in pieces: given the whole text, the reader would first convert
+    // all of it.
+    constexpr int kPiece = 1 << 16;
+    QXmlStreamReader reader;
+    for (int from = 0; from < xml.size() || from == 0; from += kPiece) {
+        reader.addData(xml.mid(from, kPiece));
+        const QString name = FirstElementName(reader);
+        if (!name.isEmpty() || reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
+            return name;
+    }
+    return QString();
+}
+
+QString RecordKinds::RootNameOfXmlFile(const QString& fileName) {
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
+                              .arg(fileName, file.errorString()));
+    QXmlStreamReader reader(&file);
+    return FirstElementName(reader);
+}
+
+} // namespace KELMORA

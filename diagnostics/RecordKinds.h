@@ -1,0 +1,31 @@
+#ifndef KELMORA_RECORDKINDS_H
+#define KELMORA_RECORDKINDS_H
+
+#include <ExciterSettingsExport.h>
+#include <IKMObject.h>
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace KELMORA {
+
+// Every record of the library that can be the root of a document, by the
+// name of its element.
+class EXCITERSETTINGS_EXPORT RecordKinds {
+public:
+    // A new record whose element is `rootName`, or null when there is none.
+    static std::unique_ptr<IKMObject> Create(const QString& rootName);
+    // The root element names, sorted.
+    static QStringList RootNames();
+    // The name of the first element of a document, or an empty text when it
+    // has none (the reader stops there, so a large document costs nothing).
+    static QString RootNameOfXmlString(const QString& xml);
+    // As above for a file; throws KMException when it cannot be opened.
+    static QString RootNameOfXmlFile(const QString& fileName);
+};
+
+} // namespace KELMORA
+
+#endif
