@@ -11,6 +11,7 @@
 
 #include <Exciter_Settings.h>
 #include <KelmoraException.h>
+#include <SettingsLint.h>
 
 #include <QBuffer>
 #include <QDir>
@@ -243,6 +244,16 @@ Kept LibraryCopyDetached(const Fixture& f) {
     return copy;
 }
 
+// The lint loads the file into a record, writes it back and compares.
+Kept LibraryLintFile(const Fixture& f) {
+    const QVector<LintFinding> findings = SettingsLint::LintXmlFile(f.path);
+    if (!findings.isEmpty())
+        Fail(QStringLiteral("the lint found %1 in the benchmark document: %2")
+                 .arg(findings.size())
+                 .arg(findings.first().message));
+    return nullptr;
+}
+
 Kept LibraryCheck(const Fixture& f) {
     f.loaded.Check();
     return nullptr;
@@ -273,6 +284,7 @@ const Operation kOperations[] = {
     {"copy", "library", LibraryCopy, false},
     {"copy-detached", "library", LibraryCopyDetached, true},
     {"check", "library", LibraryCheck, false},
+    {"lint-file", "library", LibraryLintFile, false},
 };
 
 void Measure(benchmark::State& state, const Operation& operation) {

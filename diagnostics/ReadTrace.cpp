@@ -65,8 +65,11 @@ void ReadTrace::ChildStarted(const IKMObject& record, const QXmlStreamReader& re
         element.attributes = CopyAttributes(reader);
     element.parent = m_open.empty() ? -1 : m_open.back();
     const int index = static_cast<int>(m_elements.size());
-    if (element.parent >= 0)
-        m_elements[static_cast<size_t>(element.parent)].children.push_back(index);
+    if (element.parent >= 0) {
+        std::vector<int>& siblings = m_elements[static_cast<size_t>(element.parent)].children;
+        element.position = static_cast<int>(siblings.size());
+        siblings.push_back(index);
+    }
     m_elements.push_back(std::move(element));
     m_open.push_back(index);
 }

@@ -10,6 +10,7 @@
 #include <QVector>
 
 #include <utility>
+#include <deque>
 #include <vector>
 
 namespace KELMORA {
@@ -33,6 +34,7 @@ public:
         qint64 line = 0;
         qint64 column = 0;
         int parent = -1;
+        int position = 0; // among the parent's children
         Attributes attributes;
         QString text;                     // Value: the text the record took
         const IKMObject* record = nullptr; // Record, Wrapper: the record reading it
@@ -44,7 +46,7 @@ public:
     };
 
     // In document order; the root element first.
-    const std::vector<Element>& Elements() const { return m_elements; }
+    const std::deque<Element>& Elements() const { return m_elements; }
     // The element being read when the reading stopped, innermost first; empty
     // after a complete read.
     std::vector<int> OpenElements() const { return m_open; }
@@ -67,7 +69,7 @@ private:
     QString Intern(const QStringRef& name);
     static Attributes CopyAttributes(const QXmlStreamReader& reader);
 
-    std::vector<Element> m_elements;
+    std::deque<Element> m_elements;
     std::vector<int> m_open;
     // Element and attribute names, one string each however often they occur.
     QHash<QStringView, QString> m_names;

@@ -25,16 +25,34 @@ QString JoinPath(const QString& parent, const QString& child) {
     return parent.isEmpty() ? child : parent + QLatin1Char('/') + child;
 }
 
+// The path of a given element as the document has it: names from the root,
+// the children of a list wrapper by their position.
+QString GivenPath(const std::deque<Given>& elements, int index) {
+    QStringList segments;
+    for (int at = index; at > 0; at = elements[static_cast<size_t>(at)].parent) {
+        const Given& element = elements[static_cast<size_t>(at)];
+        const bool inList = elements[static_cast<size_t>(element.parent)].kind == Kind::Wrapper;
+        segments.prepend(inList ? QString::number(element.position) : element.name);
+    }
+    return segments.join(QLatin1Char('/'));
+}
+
 // Compares what a document gives with what its records write back, record
 // by record, and words every difference.
 class Comparison {
 public:
-    Comparison(const std::vector<Given>& given, const QSet<QString>& recordNames,
+    Comparison(const std::deque<Given>& given, const QSet<QString>& recordNames,
                QVector<LintFinding>& findings)
         : m_given(given), m_recordNames(recordNames), m_findings(findings) {}
 
-    void CompareDocument(const IKMObject& root) {
-        CompareWrittenBy(0, root, QString());
+    // `written`: the root's document. When it is the very text that was
+    // read, every value reads back as written and only what a written
+    // document cannot show is left to check.
+    void CompareDocument(const IKMObject& root, const QString& written, bool sameAsGiven) {
+        if (sameAsGiven)
+            CheckKeptValues();
+        else
+            CompareWrittenBy(0, root, QString(), &written);
         std::stable_sort(m_findings.begin(), m_findings.end(),
                          [](const LintFinding& a, const LintFinding& b) {
                              return a.line != b.line ? a.line < b.line : a.column < b.column;
@@ -59,8 +77,9 @@ private:
     // record that its parent did not write (the parent is incomplete) may
     // still write itself; records are asked so only below the document's
     // root and never inside lists, where they are members that live on.
-    void CompareWrittenBy(int element, const IKMObject& record, const QString& path) {
-        const WrittenTree written(record.GetXmlString(), m_recordNames);
+    void CompareWrittenBy(int element, const IKMObject& record, const QString& path,
+                          const QString* document = nullptr) {
+        const WrittenTree written(document ? *document : record.GetXmlString(), m_recordNames);
         if (m_written == nullptr)
             m_documentWritten = !written.IsEmpty();
         if (written.IsEmpty()) {
@@ -74,6 +93,35 @@ private:
         CompareRecord({element}, 0);
         m_written = outer;
         m_prefix = outerPrefix;
+    }
+
+    // Values that read back as they stand: their range, and flags held as
+    // text.
+    void CheckKeptValues() {
+        for (int index = 0; index < static_cast<int>(m_given.size()); ++index) {
+            const Given& element = At(index);
+            if (element.kind != Kind::Value)
+                continue;
+            int record = element.parent;
+            while (At(record).kind == Kind::Wrapper)
+                record = At(record).parent;
+            QString message =
+                ValueChange::Describe(At(record).name, element.name, element.text, element.text);
+            if (message.isEmpty() && !element.attributes.isEmpty())
+                message = ValueChange::OutOfRange(element.name, element.text,
+                                                  GivenAttribute(element, QStringLiteral("Minimum")),
+                                                  GivenAttribute(element, QStringLiteral("Maximum")));
+            if (!message.isEmpty())
+                Add(element, GivenPath(m_given, index), message);
+        }
+    }
+
+    static QString GivenAttribute(const Given& element, const QString& name) {
+        for (const auto& attribute : element.attributes) {
+            if (attribute.first == name)
+                return attribute.second;
+        }
+        return QString();
     }
 
     // A record that writes nothing: what it holds is looked at in the
@@ -216,13 +264,15 @@ private:
             return;
         }
         const WrittenTree::Element& value = Written().At(written);
-        path = WrittenPath(written);
-        CompareAttributes(element, value, path);
         QString message = ValueChange::Describe(recordName, element.name, element.text, value.text);
-        if (message.isEmpty())
+        if (message.isEmpty() && !value.attributes.isEmpty())
             message = ValueChange::OutOfRange(
                 element.name, value.text, WrittenTree::Attribute(value, QStringLiteral("Minimum")),
                 WrittenTree::Attribute(value, QStringLiteral("Maximum")));
+        if (message.isEmpty() && element.attributes.isEmpty() && value.attributes.isEmpty())
+            return; // the usual case, decided without a path
+        path = WrittenPath(written);
+        CompareAttributes(element, value, path);
         if (!message.isEmpty())
             Add(element, path, message);
     }
@@ -285,35 +335,13 @@ private:
         return QStringLiteral("the %1 before it does not use WDE").arg(modeName);
     }
 
-    const std::vector<Given>& m_given;
+    const std::deque<Given>& m_given;
     const QSet<QString>& m_recordNames;
     QVector<LintFinding>& m_findings;
     const WrittenTree* m_written = nullptr;
     QString m_prefix;
     bool m_documentWritten = true;
 };
-
-// The path of a given element, for an error: names from the root, items of
-// a list by their position among the elements of their name.
-QString GivenPath(const std::vector<Given>& elements, int index) {
-    QStringList segments;
-    for (int at = index; at > 0; at = elements[static_cast<size_t>(at)].parent) {
-        const Given& element = elements[static_cast<size_t>(at)];
-        const Given& parent = elements[static_cast<size_t>(element.parent)];
-        if (parent.kind != Kind::Wrapper) {
-            segments.prepend(element.name);
-            continue;
-        }
-        int position = 0;
-        for (int i = 0; i < at; ++i) {
-            const Given& other = elements[static_cast<size_t>(i)];
-            position += other.owner == element.owner && other.name == element.name &&
-                        other.kind != Kind::PassedOver;
-        }
-        segments.prepend(QString::number(position));
-    }
-    return segments.join(QLatin1Char('/'));
-}
 
 LintFinding ErrorFinding(const KMException& failure, const ReadTrace& trace,
                          const IKMObject& record) {
@@ -345,7 +373,10 @@ LintFinding OnlyError(const QString& message) {
     return finding;
 }
 
-QVector<LintFinding> Lint(IKMObject& record, const std::function<void()>& load) {
+// `load` reads the document into the record; `isGiven` tells whether a
+// text is the very document that was read.
+QVector<LintFinding> Lint(IKMObject& record, const std::function<void()>& load,
+                          const std::function<bool(const QString&)>& isGiven) {
     const bool validate = record.GetValidate();
     record.SetValidate(false); // the lint reports what Check() would not
     record.Reset();
@@ -370,8 +401,29 @@ QVector<LintFinding> Lint(IKMObject& record, const std::function<void()>& load) 
             recordNames.insert(element.name);
     }
     QVector<LintFinding> findings;
-    Comparison(trace.Elements(), recordNames, findings).CompareDocument(record);
+    const QString written = record.GetXmlString();
+    Comparison(trace.Elements(), recordNames, findings)
+        .CompareDocument(record, written, isGiven(written));
     return findings;
+}
+
+// Whether the file holds exactly the UTF-8 form of the text, compared a
+// piece at a time.
+bool IsFileText(const QString& fileName, const QString& text) {
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    constexpr int kPiece = 1 << 20;
+    for (int from = 0; from < text.size();) {
+        int length = std::min(kPiece, text.size() - from);
+        if (from + length < text.size() && text.at(from + length - 1).isHighSurrogate())
+            --length; // a pair is not split
+        const QByteArray piece = text.midRef(from, length).toUtf8();
+        if (file.read(piece.size()) != piece)
+            return false;
+        from += length;
+    }
+    return file.atEnd();
 }
 
 QVector<LintFinding> UnknownRoot(const QString& rootName) {
@@ -410,11 +462,15 @@ QVector<LintFinding> SettingsLint::LintXmlFile(const QString& fileName) {
 }
 
 QVector<LintFinding> SettingsLint::LintXmlString(const QString& xml, IKMObject& record) {
-    return Lint(record, [&] { record.SetXmlString(xml); });
+    return Lint(
+        record, [&] { record.SetXmlString(xml); },
+        [&](const QString& written) { return written == xml; });
 }
 
 QVector<LintFinding> SettingsLint::LintXmlFile(const QString& fileName, IKMObject& record) {
-    return Lint(record, [&] { record.LoadXml(fileName); });
+    return Lint(
+        record, [&] { record.LoadXml(fileName); },
+        [&](const QString& written) { return IsFileText(fileName, written); });
 }
 
 } // namespace KELMORA

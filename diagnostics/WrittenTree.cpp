@@ -2,36 +2,69 @@
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 namespace KELMORA {
 
 WrittenTree::WrittenTree(const QString& document, const QSet<QString>& recordNames)
     : m_recordNames(recordNames) {
-    QXmlStreamReader reader(document);
+    // Fed in UTF-8 pieces: given the whole text, the reader would first
+    // convert all of it into one more copy.
+    constexpr int kPiece = 1 << 16;
+    QXmlStreamReader reader;
+    int fed = 0;
     int current = -1;
-    while (!reader.atEnd()) {
-        switch (reader.readNext()) {
+    for (;;) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::Invalid) {
+            if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError ||
+                fed >= document.size())
+                break;
+            int length = std::min(kPiece, document.size() - fed);
+            if (fed + length < document.size() && document.at(fed + length - 1).isHighSurrogate())
+                --length; // a pair is not split
+            reader.addData(document.midRef(fed, length).toUtf8());
+            fed += length;
+            continue;
+        }
+        if (token == QXmlStreamReader::EndDocument)
+            break;
+        switch (token) {
         case QXmlStreamReader::StartElement: {
             Element element;
             element.name = Intern(reader.name());
             element.parent = current;
-            for (const QXmlStreamAttribute& attribute : reader.attributes())
+            const QXmlStreamAttributes attributes = reader.attributes();
+            for (const QXmlStreamAttribute& attribute : attributes)
                 element.attributes.append(
                     {attribute.qualifiedName().toString(), attribute.value().toString()});
             const int index = static_cast<int>(m_elements.size());
-            if (current >= 0)
-                m_elements[static_cast<size_t>(current)].children.push_back(index);
+            if (current >= 0) {
+                std::vector<int>& siblings = m_elements[static_cast<size_t>(current)].children;
+                element.position = static_cast<int>(siblings.size());
+                siblings.push_back(index);
+            }
             m_elements.push_back(std::move(element));
             current = index;
             break;
         }
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace() || m_elements[static_cast<size_t>(current)].children.empty())
-                m_elements[static_cast<size_t>(current)].text += reader.text();
+        case QXmlStreamReader::Characters: {
+            // The text of a value; the indentation between elements is
+            // dropped when the element turns out to have children.
+            Element& element = m_elements[static_cast<size_t>(current)];
+            if (element.children.empty()) {
+                const QStringRef text = reader.text();
+                if (element.text.isEmpty())
+                    element.text = QString(text.unicode(), text.size());
+                else
+                    element.text += text;
+            }
             break;
+        }
         case QXmlStreamReader::EndElement: {
             Element& element = m_elements[static_cast<size_t>(current)];
             if (!element.children.empty())
-                element.text.clear(); // indentation
+                element.text = QString();
             current = element.parent;
             break;
         }
@@ -62,9 +95,7 @@ QString WrittenTree::PathOf(int index) const {
     for (int at = index; At(at).parent >= 0; at = At(at).parent) {
         const int parent = At(at).parent;
         if (IsWrapper(parent)) {
-            const std::vector<int>& siblings = At(parent).children;
-            const auto position = std::find(siblings.begin(), siblings.end(), at) - siblings.begin();
-            segments.prepend(QString::number(position));
+            segments.prepend(QString::number(At(at).position));
         } else {
             segments.prepend(At(at).name);
         }

@@ -8,6 +8,7 @@
 #include <QVector>
 
 #include <utility>
+#include <deque>
 #include <vector>
 
 namespace KELMORA {
@@ -20,6 +21,7 @@ public:
     struct Element {
         QString name;
         int parent = -1;
+        int position = 0; // among the parent's children
         QVector<std::pair<QString, QString>> attributes;
         QString text;
         std::vector<int> children;
@@ -40,7 +42,7 @@ public:
 private:
     QString Intern(const QStringRef& name);
 
-    std::vector<Element> m_elements;
+    std::deque<Element> m_elements;
     const QSet<QString>& m_recordNames;
     QHash<QStringView, QString> m_names;
 };

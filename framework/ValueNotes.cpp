@@ -2,6 +2,8 @@
 
 #include "EnumTable.h"
 
+#include <QHash>
+
 #include <vector>
 
 namespace KELMORA {
@@ -28,9 +30,20 @@ Registration::Registration(const QString& record, const QString& element, Kind k
 }
 
 const Note* Find(const QString& record, const QString& element) {
-    for (const Entry& entry : Entries()) {
-        if (*entry.element == element && *entry.record == record)
-            return &entry.note;
+    // By element name first: built on the first lookup, once every
+    // registration is in and every name constructed.
+    static const QHash<QString, std::vector<const Entry*>> byElement = [] {
+        QHash<QString, std::vector<const Entry*>> entries;
+        for (const Entry& entry : Entries())
+            entries[*entry.element].push_back(&entry);
+        return entries;
+    }();
+    const auto found = byElement.constFind(element);
+    if (found == byElement.constEnd())
+        return nullptr;
+    for (const Entry* entry : found.value()) {
+        if (*entry->record == record)
+            return &entry->note;
     }
     return nullptr;
 }
