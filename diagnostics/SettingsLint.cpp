@@ -80,7 +80,7 @@ private:
     void CompareWrittenBy(int element, const IKMObject& record, const QString& path,
                           const QString* document = nullptr) {
         const WrittenTree written(document ? *document : record.GetXmlString(), m_recordNames);
-        if (m_written == nullptr)
+        if (element == 0)
             m_documentWritten = !written.IsEmpty();
         if (written.IsEmpty()) {
             ReportUnwritten(element, path);
