@@ -75,6 +75,9 @@ struct Fixture {
     QString text;
     QByteArray bytes; // the file: the text in UTF-8
     QString path;
+    // The same settings indented by tabs: a text the library would not write,
+    // which the lint compares setting by setting.
+    QString reindentedPath;
     QString savePath;
     QVector<bench::WriteStep> steps;
     Exciter_Settings loaded; // the tree read from the text
@@ -82,6 +85,7 @@ struct Fixture {
 
 Fixture::Fixture(int itemCount)
     : items(itemCount), path(WorkDir().filePath(QStringLiteral("settings-%1.xml").arg(itemCount))),
+      reindentedPath(WorkDir().filePath(QStringLiteral("tabs-%1.xml").arg(itemCount))),
       savePath(WorkDir().filePath(QStringLiteral("saved-%1.xml").arg(itemCount))) {
     try {
         const Exciter_Settings made = bench::MakeSettings(items);
@@ -99,6 +103,11 @@ Fixture::Fixture(int itemCount)
         if (fromFile.GetXmlString() != text)
             Fail(QStringLiteral("LoadXml reads another tree than SetXmlString"));
         steps = bench::StepsOf(text);
+        QFile reindented(reindentedPath);
+        if (!reindented.open(QIODevice::WriteOnly) ||
+            reindented.write(
+                QString(text).replace(QLatin1String("    "), QLatin1String("\t")).toUtf8()) < 0)
+            Fail(QStringLiteral("cannot write %1").arg(reindentedPath));
     } catch (const KelmoraException& failure) {
         Fail(failure.GetMessage());
     } catch (const std::exception& failure) {
@@ -244,13 +253,24 @@ Kept LibraryCopyDetached(const Fixture& f) {
     return copy;
 }
 
-// The lint loads the file into a record, writes it back and compares.
-Kept LibraryLintFile(const Fixture& f) {
-    const QVector<LintFinding> findings = SettingsLint::LintXmlFile(f.path);
+// The lint loads the file into a record and writes it back; a file that is
+// the very text written skips the comparison, any other is compared
+// setting by setting.
+void Lint(const QString& path) {
+    const QVector<LintFinding> findings = SettingsLint::LintXmlFile(path);
     if (!findings.isEmpty())
         Fail(QStringLiteral("the lint found %1 in the benchmark document: %2")
                  .arg(findings.size())
                  .arg(findings.first().message));
+}
+
+Kept LibraryLintFile(const Fixture& f) {
+    Lint(f.path);
+    return nullptr;
+}
+
+Kept LibraryLintReindented(const Fixture& f) {
+    Lint(f.reindentedPath);
     return nullptr;
 }
 
@@ -285,6 +305,7 @@ const Operation kOperations[] = {
     {"copy-detached", "library", LibraryCopyDetached, true},
     {"check", "library", LibraryCheck, false},
     {"lint-file", "library", LibraryLintFile, false},
+    {"lint-reindented", "library", LibraryLintReindented, false},
 };
 
 void Measure(benchmark::State& state, const Operation& operation) {

@@ -20,6 +20,8 @@ ROWS = [
     ("copy", "Copy (lists shared)"),
     ("copy-detached", "Copy, lists then detached"),
     ("check", "`Check()`"),
+    ("lint-file", "Lint `LintXmlFile`"),
+    ("lint-reindented", "Lint, tab-indented copy"),
 ]
 TIMED_AGAINST_FLOOR = ("load-string", "load-file", "save-string", "save-file")
 UNIT_TO_MS = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}
@@ -110,6 +112,20 @@ def main():
         out.append("From 10,000 to 100,000 items (10x the items): " + ", ".join(scaling) + ".")
         out.append("")
 
+    # The lint against the load of the same file, at the largest size.
+    largest = counts[-1]
+    load = best.get(("load-file", "library", largest))
+    lint_ratios = {operation: best[(operation, "library", largest)] / load
+                   for operation in ("lint-file", "lint-reindented")
+                   if (operation, "library", largest) in best and load}
+    if lint_ratios:
+        worst["lint"] = lint_ratios.get("lint-file", 0)
+        out.append(f"Lint against `LoadXml` of the same file at {largest:,} items: "
+                   f"{lint_ratios.get('lint-file', 0):.2f}x for the document as the library "
+                   f"wrote it, {lint_ratios.get('lint-reindented', 0):.2f}x for the tab-indented "
+                   "copy, which is compared setting by setting.")
+        out.append("")
+
     idle = int(memory["idle_rss_kb"]) * 1024
     peak = int(memory["loadxml_rss_kb"]) * 1024 - idle
     whole = int(memory["loadtext_rss_kb"]) * 1024 - idle
@@ -143,6 +159,8 @@ def main():
                f"{verdict(max(worst['load/qdom'], worst['save/qdom']), 0.5)}); "
                + (f"10k to 100k at most 11x ({worst['scaling']:.1f}x, "
                   f"{verdict(worst['scaling'], 11)}); " if scaling else "")
+               + (f"lint within 4x of `LoadXml` ({worst['lint']:.2f}x, "
+                  f"{verdict(worst['lint'], 4)}); " if "lint" in worst else "")
                + f"peak memory under 2x the tree ({memory_ratio:.2f}x, "
                f"{verdict(memory_ratio, 2 - 1e-9)}).")
     out.append("")

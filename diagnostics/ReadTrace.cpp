@@ -18,16 +18,6 @@ qint64 StartColumnOfTag(const QXmlStreamReader& reader) {
 
 } // namespace
 
-QString ReadTrace::Intern(const QStringRef& name) {
-    const QStringView view(name);
-    const auto found = m_names.constFind(view);
-    if (found != m_names.constEnd())
-        return found.value();
-    const QString text = name.toString();
-    m_names.insert(QStringView(text), text);
-    return text;
-}
-
 ReadTrace::Attributes ReadTrace::CopyAttributes(const QXmlStreamReader& reader) {
     Attributes copied;
     const QXmlStreamAttributes attributes = reader.attributes();
@@ -57,7 +47,7 @@ void ReadTrace::RecordEntered(const IKMObject& record, const QXmlStreamReader& r
 void ReadTrace::ChildStarted(const IKMObject& record, const QXmlStreamReader& reader, qint64 line,
                              qint64 column) {
     Element element;
-    element.name = Intern(reader.name());
+    element.name = m_names.Intern(reader.name());
     element.line = line;
     element.column = column;
     element.owner = &record;

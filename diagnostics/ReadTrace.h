@@ -1,6 +1,8 @@
 #ifndef KELMORA_READTRACE_H
 #define KELMORA_READTRACE_H
 
+#include "NameTable.h"
+
 #include <IKMObject.h>
 #include <ReadObserver.h>
 
@@ -9,8 +11,8 @@
 #include <QStringView>
 #include <QVector>
 
-#include <utility>
 #include <deque>
+#include <utility>
 #include <vector>
 
 namespace KELMORA {
@@ -36,7 +38,7 @@ public:
         int parent = -1;
         int position = 0; // among the parent's children
         Attributes attributes;
-        QString text;                     // Value: the text the record took
+        QString text;                      // Value: the text the record took
         const IKMObject* record = nullptr; // Record, Wrapper: the record reading it
         const IKMObject* owner = nullptr;  // the record that was handed the element
         // Record: the failure of its Check() when it was incomplete once read
@@ -66,13 +68,11 @@ public:
     static QString IncompleteReason(const IKMObject& record);
 
 private:
-    QString Intern(const QStringRef& name);
     static Attributes CopyAttributes(const QXmlStreamReader& reader);
 
     std::deque<Element> m_elements;
     std::vector<int> m_open;
-    // Element and attribute names, one string each however often they occur.
-    QHash<QStringView, QString> m_names;
+    NameTable m_names;
 };
 
 } // namespace KELMORA

@@ -27,9 +27,15 @@ template <class Record> Factory Make() {
 
 const std::vector<Factory>& Factories() {
     static const std::vector<Factory> factories = {
-        Make<Exciter_Settings>(),   Make<TGN>(),         Make<SCU>(),
-        Make<ATTANTPath>(),         Make<WDE>(),         Make<WDE_Exciter>(),
-        Make<WDE_Rasterdetector>(), Make<WDE_Simulation>(), Make<WDE_Singlechanneldetector>(),
+        Make<Exciter_Settings>(),
+        Make<TGN>(),
+        Make<SCU>(),
+        Make<ATTANTPath>(),
+        Make<WDE>(),
+        Make<WDE_Exciter>(),
+        Make<WDE_Rasterdetector>(),
+        Make<WDE_Simulation>(),
+        Make<WDE_Singlechanneldetector>(),
     };
     return factories;
 }
@@ -68,7 +74,7 @@ QString RecordKinds::RootNameOfXmlString(const QString& xml) {
     QXmlStreamReader reader;
     for (int from = 0; from < xml.size() || from == 0; from += kPiece) {
         reader.addData(xml.mid(from, kPiece));
-        const QString name = FirstElementName(reader);
+        QString name = FirstElementName(reader);
         if (!name.isEmpty() || reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
             return name;
     }
@@ -78,8 +84,8 @@ QString RecordKinds::RootNameOfXmlString(const QString& xml) {
 QString RecordKinds::RootNameOfXmlFile(const QString& fileName) {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
-                              .arg(fileName, file.errorString()));
+        throw KMException(
+            QStringLiteral("Cannot open '%1' for reading: %2").arg(fileName, file.errorString()));
     QXmlStreamReader reader(&file);
     return FirstElementName(reader);
 }

@@ -108,9 +108,9 @@ private:
             QString message =
                 ValueChange::Describe(At(record).name, element.name, element.text, element.text);
             if (message.isEmpty() && !element.attributes.isEmpty())
-                message = ValueChange::OutOfRange(element.name, element.text,
-                                                  GivenAttribute(element, QStringLiteral("Minimum")),
-                                                  GivenAttribute(element, QStringLiteral("Maximum")));
+                message = ValueChange::OutOfRange(
+                    element.name, element.text, GivenAttribute(element, QStringLiteral("Minimum")),
+                    GivenAttribute(element, QStringLiteral("Maximum")));
             if (!message.isEmpty())
                 Add(element, GivenPath(m_given, index), message);
         }
@@ -136,9 +136,8 @@ private:
             const Given& given = At(child);
             if (given.kind == Kind::PassedOver) {
                 ReportPassedOver(child, children, path);
-            } else if (given.kind == Kind::Record &&
-                       std::find(compared.begin(), compared.end(), given.record) ==
-                           compared.end()) {
+            } else if (given.kind == Kind::Record && std::find(compared.begin(), compared.end(),
+                                                               given.record) == compared.end()) {
                 compared.push_back(given.record);
                 CompareWrittenBy(child, *given.record, JoinPath(path, given.name));
             }

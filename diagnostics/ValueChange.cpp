@@ -79,9 +79,10 @@ QString ListChanged(const QString& given) {
     QChar stray;
     const int bytes = Base64Digits(given, stray) * 6 / 8;
     const int count = DoubleListCodec::Decode(given).size();
-    const QString reads = QStringLiteral("it reads as %1 %2")
-                              .arg(count)
-                              .arg(count == 1 ? QStringLiteral("number") : QStringLiteral("numbers"));
+    const QString reads =
+        QStringLiteral("it reads as %1 %2")
+            .arg(count)
+            .arg(count == 1 ? QStringLiteral("number") : QStringLiteral("numbers"));
     if (!stray.isNull())
         return QStringLiteral("%1 holds characters that are not Base64 ('%2'): they are passed "
                               "over and %3")
@@ -167,7 +168,7 @@ QString Describe(const QString& record, const QString& name, const QString& give
         return FlagChanged(name, given, written);
     if (SameValue(given, written)) // the same number in another form
         return QString();
-    const QString number = NumberChanged(name, given, written);
+    QString number = NumberChanged(name, given, written);
     if (!number.isEmpty())
         return number;
     return QStringLiteral("%1 is saved as %2").arg(Quoted(given), Quoted(written));

@@ -32,7 +32,7 @@ WrittenTree::WrittenTree(const QString& document, const QSet<QString>& recordNam
         switch (token) {
         case QXmlStreamReader::StartElement: {
             Element element;
-            element.name = Intern(reader.name());
+            element.name = m_names.Intern(reader.name());
             element.parent = current;
             const QXmlStreamAttributes attributes = reader.attributes();
             for (const QXmlStreamAttribute& attribute : attributes)
@@ -72,16 +72,6 @@ WrittenTree::WrittenTree(const QString& document, const QSet<QString>& recordNam
             break;
         }
     }
-}
-
-QString WrittenTree::Intern(const QStringRef& name) {
-    const QStringView view(name);
-    const auto found = m_names.constFind(view);
-    if (found != m_names.constEnd())
-        return found.value();
-    const QString text = name.toString();
-    m_names.insert(QStringView(text), text);
-    return text;
 }
 
 bool WrittenTree::IsWrapper(int index) const {

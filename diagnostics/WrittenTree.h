@@ -1,14 +1,16 @@
 #ifndef KELMORA_WRITTENTREE_H
 #define KELMORA_WRITTENTREE_H
 
+#include "NameTable.h"
+
 #include <QHash>
 #include <QSet>
 #include <QString>
 #include <QStringView>
 #include <QVector>
 
-#include <utility>
 #include <deque>
+#include <utility>
 #include <vector>
 
 namespace KELMORA {
@@ -40,11 +42,10 @@ public:
     static QString Attribute(const Element& element, const QString& name);
 
 private:
-    QString Intern(const QStringRef& name);
 
     std::deque<Element> m_elements;
     const QSet<QString>& m_recordNames;
-    QHash<QStringView, QString> m_names;
+    NameTable m_names;
 };
 
 } // namespace KELMORA

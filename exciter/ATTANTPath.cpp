@@ -1,9 +1,9 @@
 #include "ATTANTPath.h"
 
 #include "RecordFormat.h"
-#include "ValueNotes.h"
 #include "RecordMessages.h"
 #include "TextElement.h"
+#include "ValueNotes.h"
 
 namespace KELMORA {
 

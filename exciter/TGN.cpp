@@ -4,9 +4,9 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
-#include "ValueNotes.h"
 #include "RecordMessages.h"
 #include "TextElement.h"
+#include "ValueNotes.h"
 
 namespace KELMORA {
 

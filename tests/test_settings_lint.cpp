@@ -64,8 +64,8 @@ TEST(SettingsLint, FindsNothingInTheLibrarysOwnDocuments) {
     WDE small = testfixtures::CompleteWDE();
     small.SetGuardTime(1.5e-7);
     small.SetExciterCount(0);
-    documents << unset.GetXmlString() << small.GetXmlString() << Example("continuous").GetXmlString()
-              << testfixtures::CompleteTGN().GetXmlString();
+    documents << unset.GetXmlString() << small.GetXmlString()
+              << Example("continuous").GetXmlString() << testfixtures::CompleteTGN().GetXmlString();
     for (const QString& document : documents) {
         for (const QString& form :
              {document, QString(document).replace(QLatin1String("    "), QLatin1String("\t"))}) {
@@ -122,9 +122,9 @@ const Damage kDamages[] = {
      "'-2' reads as 0: ExciterCount takes no negative numbers"},
     {"single", "<ExciterSet>0<", "<ExciterSet>1.5<", "ExciterSet",
      "'1.5' reads as 0: ExciterSet takes whole numbers only"},
-    {"tgn", "<Power>", "<Power unit=\"dBm\">", "Power/unit",
+    {"tgn", "<Power>", R"(<Power unit="dBm">)", "Power/unit",
      "unknown attribute 'unit' of 'Power' is passed over and lost on save"},
-    {"raster", "Index=\"0\"", "Index=\"0\" Colour=\"red\"", "Colour",
+    {"raster", R"(Index="0")", R"(Index="0" Colour="red")", "Colour",
      "unknown attribute 'Colour' of 'WDE_Rasterdetector'"},
     {"settings", "<ExciterList>", "<ExciterList Count=\"2\">", "WDE/ExciterList",
      "attribute 'Count' of 'ExciterList' is passed over"},

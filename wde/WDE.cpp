@@ -4,8 +4,8 @@
 #include "EnumTable.h"
 #include "ItemAttributes.h"
 #include "RecordFormat.h"
-#include "ValueNotes.h"
 #include "RecordMessages.h"
+#include "ValueNotes.h"
 
 namespace KELMORA {
 

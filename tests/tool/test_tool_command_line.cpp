@@ -66,6 +66,23 @@ TEST_F(ToolCommandLine, CheckPrintsOneLinePerFileAndExitsWithTheWorstStatus) {
     EXPECT_EQ(Output({"check", kExample}), kExample + ": OK\n");
 }
 
+TEST_F(ToolCommandLine, LintPrintsOneLinePerFindingAndExitsWithTheWorstStatus) {
+    Write("damaged.xml", "<ATTANTPath>\n<ATT1>yes</ATT1><ATT2>false</ATT2><ATT3>true</ATT3>\n"
+                         "<ATT4>true</ATT4><ATT5>false</ATT5><ATT6>1</ATT6></ATTANTPath>\n");
+    const QString found =
+        QStringLiteral("damaged.xml:2:1: warning: 'yes' reads as false: a flag is true only for "
+                       "'true'\ndamaged.xml:3:36: warning: '1' reads as false: a flag is true "
+                       "only for 'true'\n");
+    EXPECT_EQ(Output({"lint", kExample}), QString());
+    EXPECT_EQ(Output({"lint", kExample, "damaged.xml"}, 1), found);
+    // A file that cannot be read outranks findings, before or after it.
+    Write("broken.xml", "<ATTANTPath><ATT1>true</ATT2></ATTANTPath>");
+    EXPECT_EQ(Output({"lint", "broken.xml", "damaged.xml"}, 2),
+              "broken.xml:1:29: error: XML error: Opening and ending tag mismatch. (line 1, "
+              "column 29)\n" +
+                  found);
+}
+
 TEST_F(ToolCommandLine, UnreadableFilesExitWithTwoAndTheReasonOnStandardError) {
     const char* const cases[][3] = {
         // Broken inside the root element: found while the record loads.
