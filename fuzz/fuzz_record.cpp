@@ -9,7 +9,11 @@
 //  - a document that loaded is not a fixed point after one round trip: its
 //    written text, read into a fresh record, must write the very same text;
 //  - the binary forms of a record that loaded do not read back to the same
-//    record.
+//    record;
+//  - the lint disagrees with the load (an error finding exactly when the load
+//    fails), or its two ways to the findings of a loaded record's own
+//    document disagree: the short cut for an unchanged text and the full
+//    comparison of the same document indented otherwise.
 //
 // Qt's XML reader is not instrumented, so libFuzzer sees no coverage change
 // when a value's text changes, and the faults that hide in values (rounding
@@ -21,6 +25,7 @@
 #include <Exciter_Settings.h>
 #include <KMException.h>
 #include <SCU.h>
+#include <SettingsLint.h>
 #include <TGN.h>
 #include <WDE.h>
 #include <WDE_Exciter.h>
@@ -313,13 +318,53 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
 }
 #endif
 
+#ifdef FUZZ_INPUT_XML
+QString FindingsText(const QVector<KELMORA::LintFinding>& findings) {
+    QString text;
+    for (const KELMORA::LintFinding& finding : findings)
+        text += QStringLiteral("%1 %2 [%3] %4\n")
+                    .arg(finding.line)
+                    .arg(finding.SeverityText(), finding.path, finding.message);
+    return text;
+}
+
+void CheckLint(const QString& xml, bool loaded, const Record& record) {
+    const auto lint = [](const QString& document) {
+        QVector<KELMORA::LintFinding> findings;
+        Record scratch;
+        Loads("lint", [&] { findings = KELMORA::SettingsLint::LintXmlString(document, scratch); });
+        return findings;
+    };
+    const QVector<KELMORA::LintFinding> findings = lint(xml);
+    const bool error =
+        !findings.isEmpty() && findings.first().severity == KELMORA::LintFinding::Error;
+    if (error == loaded)
+        Fail("lint", QStringLiteral("the load %1 but the lint found\n%2")
+                         .arg(loaded ? QStringLiteral("succeeded") : QStringLiteral("failed"),
+                              FindingsText(findings)));
+    if (!loaded)
+        return;
+    const QString written = record.GetXmlString();
+    if (!HasRootElement(written))
+        return;
+    const QString same = FindingsText(lint(written));
+    const QString compared =
+        FindingsText(lint(QString(written).replace(QLatin1String("    "), QLatin1String("\t"))));
+    if (same != compared)
+        Fail("lint", QStringLiteral("unchanged text:\n%1compared:\n%2in\n%3")
+                         .arg(same, compared, written));
+}
+#endif
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const char* bytes = reinterpret_cast<const char*>(data);
     const int length = static_cast<int>(size);
     Record record;
 #ifdef FUZZ_INPUT_XML
     const QString xml = QString::fromUtf8(bytes, length);
-    if (!Loads("SetXmlString", [&] { record.SetXmlString(xml); }))
+    const bool loaded = Loads("SetXmlString", [&] { record.SetXmlString(xml); });
+    CheckLint(xml, loaded, record);
+    if (!loaded)
         return 0;
 #else
     const QByteArray binary(bytes, length);
