@@ -10,6 +10,9 @@
 #include <WDE_Simulation.h>
 #include <WDE_Singlechanneldetector.h>
 
+#include <InputLimits.h>
+#include <XmlReaderError.h>
+
 #include <QFile>
 
 #include <functional>
@@ -86,8 +89,18 @@ QString RecordKinds::RootNameOfXmlFile(const QString& fileName) {
     if (!file.open(QIODevice::ReadOnly))
         throw KMException(
             QStringLiteral("Cannot open '%1' for reading: %2").arg(fileName, file.errorString()));
-    QXmlStreamReader reader(&file);
-    return FirstElementName(reader);
+    // Measured as a load measures it: a start tag of a million attributes
+    // would otherwise take the reader minutes.
+    LimitedDevice limited(file, InputLimits());
+    QXmlStreamReader reader(&limited);
+    QString name = FirstElementName(reader);
+    if (limited.Failed())
+        throw KMException(
+            QStringLiteral("Input limit exceeded: %1").arg(limited.Scanner().Failure()));
+    if (name.isEmpty() && reader.hasError() &&
+        reader.error() != QXmlStreamReader::PrematureEndOfDocumentError)
+        throw XmlReaderError(reader);
+    return name;
 }
 
 } // namespace KELMORA

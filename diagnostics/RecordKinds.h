@@ -22,7 +22,9 @@ public:
     // The name of the first element of a document, or an empty text when it
     // has none (the reader stops there, so a large document costs nothing).
     static QString RootNameOfXmlString(const QString& xml);
-    // As above for a file; throws KMException when it cannot be opened.
+    // As above for a file, read through the default InputLimits; throws
+    // KMException when it cannot be opened, is not well-formed before its
+    // first element, or passes a limit there.
     static QString RootNameOfXmlFile(const QString& fileName);
 };
 

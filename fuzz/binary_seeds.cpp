@@ -7,6 +7,7 @@
 #include <KMException.h>
 
 #include <QByteArray>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -59,6 +60,16 @@ int main(int argc, char** argv) {
             return 1;
         ++written;
     }
+    // A compressed frame ("KMOZ") whose size field lies: it declares a few
+    // bytes and inflates to megabytes, the shape of a decompression bomb.
+    QByteArray inflating = qCompress(QByteArray(8 << 20, '<'));
+    inflating[0] = inflating[1] = inflating[2] = 0;
+    QByteArray bomb;
+    QDataStream out(&bomb, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    out << quint32(0x4B4D4F5A) << inflating;
+    if (!WriteSeed(folder, QStringLiteral("bomb.binz"), bomb))
+        return 1;
     std::printf("fuzz_binary_seeds: frames of %d documents in %s\n", written, argv[1]);
     return written > 0 ? 0 : 1;
 }

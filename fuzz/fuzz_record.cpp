@@ -351,8 +351,8 @@ void CheckLint(const QString& xml, bool loaded, const Record& record) {
     const QString compared =
         FindingsText(lint(QString(written).replace(QLatin1String("    "), QLatin1String("\t"))));
     if (same != compared)
-        Fail("lint", QStringLiteral("unchanged text:\n%1compared:\n%2in\n%3")
-                         .arg(same, compared, written));
+        Fail("lint",
+             QStringLiteral("unchanged text:\n%1compared:\n%2in\n%3").arg(same, compared, written));
 }
 #endif
 

@@ -1,14 +1,18 @@
 #include "IKMObject.h"
 
+#include "DurableFile.h"
 #include "ReadObserver.h"
 #include "XmlReaderError.h"
 
-#include <QSaveFile>
+#include <QtEndian>
+
+#include <zlib.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <new>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -193,6 +197,102 @@ bool HoldsSurrogate(const QString& text) {
     return false;
 }
 
+KMException LimitExceeded(const QString& what) {
+    return KMException(QStringLiteral("Input limit exceeded: %1").arg(what));
+}
+
+// Runs a load so that nothing but a KelmoraException leaves it: running out
+// of memory, or anything else a library call throws, becomes a KMException.
+template <typename Load> void TranslatingFailures(const QString& objectName, Load&& load) {
+    try {
+        load();
+    } catch (const KelmoraException&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw KMException(QStringLiteral("%1: out of memory while loading").arg(objectName));
+    } catch (const std::exception& failure) {
+        throw KMException(QStringLiteral("%1: loading failed: %2")
+                              .arg(objectName, QString::fromLocal8Bit(failure.what())));
+    }
+}
+
+// A QByteArray as QDataStream writes it (a 32-bit length, then the bytes),
+// refused when it declares more than `limit` bytes, or more than the stream
+// holds, before anything is allocated for it.
+QByteArray ReadBoundedBytes(QDataStream& in, qint64 limit, const QString& objectName) {
+    quint32 length = 0;
+    in >> length;
+    if (in.status() != QDataStream::Ok || length == 0xFFFFFFFFu)
+        return QByteArray();
+    if (length > limit)
+        throw KMException(
+            QStringLiteral(
+                "%1: binary representation of %2 bytes, more than %3 (maxBinaryFrameSize)")
+                .arg(objectName)
+                .arg(length)
+                .arg(limit));
+    const QIODevice* device = in.device();
+    if (device && !device->isSequential() && length > device->size() - device->pos()) {
+        in.setStatus(QDataStream::ReadPastEnd);
+        return QByteArray();
+    }
+    QByteArray bytes(static_cast<int>(length), Qt::Uninitialized);
+    if (in.readRawData(bytes.data(), static_cast<int>(length)) != static_cast<int>(length))
+        in.setStatus(QDataStream::ReadPastEnd);
+    return bytes;
+}
+
+// The object name of a frame: a QString as QDataStream writes it, whose
+// declared length is bounded before it is read. Names are short.
+QString ReadBoundedName(QDataStream& in) {
+    constexpr quint32 kLongestName = 1024;
+    quint32 bytes = 0;
+    in >> bytes;
+    if (in.status() != QDataStream::Ok || bytes == 0xFFFFFFFFu)
+        return QString();
+    if (bytes > kLongestName || bytes % 2 != 0) {
+        in.setStatus(QDataStream::ReadCorruptData);
+        return QString();
+    }
+    QByteArray units(static_cast<int>(bytes), Qt::Uninitialized);
+    if (in.readRawData(units.data(), static_cast<int>(bytes)) != static_cast<int>(bytes)) {
+        in.setStatus(QDataStream::ReadPastEnd);
+        return QString();
+    }
+    QString name(static_cast<int>(bytes / 2), Qt::Uninitialized);
+    for (int i = 0; i < name.size(); ++i)
+        name[i] = QChar(qFromBigEndian<quint16>(units.constData() + 2 * qsizetype(i)));
+    return name;
+}
+
+// The frame of a compressed representation (qCompress form: the inflated
+// size as 4 bytes big-endian, then a zlib stream), inflated into exactly the
+// size it declares, which is bounded first: a small frame cannot make the
+// load take more memory or time than the limit allows. Empty when corrupt.
+QByteArray BoundedInflate(const QByteArray& compressed, qint64 limit, const QString& objectName) {
+    if (compressed.size() <= 4)
+        return QByteArray();
+    const quint32 declared = qFromBigEndian<quint32>(compressed.constData());
+    if (declared > limit)
+        throw KMException(QStringLiteral("%1: compressed binary representation declares %2 bytes, "
+                                         "more than %3 (maxBinaryFrameSize)")
+                              .arg(objectName)
+                              .arg(declared)
+                              .arg(limit));
+    QByteArray frame(static_cast<int>(declared), Qt::Uninitialized);
+    z_stream stream{};
+    if (inflateInit(&stream) != Z_OK)
+        return QByteArray();
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.constData() + 4));
+    stream.avail_in = static_cast<uInt>(compressed.size() - 4);
+    stream.next_out = reinterpret_cast<Bytef*>(frame.data());
+    stream.avail_out = declared;
+    const int result = inflate(&stream, Z_FINISH);
+    const bool whole = result == Z_STREAM_END && stream.total_out == declared;
+    inflateEnd(&stream);
+    return whole ? frame : QByteArray();
+}
+
 } // namespace
 
 IKMObject::IKMObject()
@@ -206,7 +306,7 @@ IKMObject::IKMObject(ObjectTypes type)
 IKMObject::IKMObject(const IKMObject& other)
     : m_objectType(other.m_objectType), m_objectName(other.m_objectName),
       m_validate(other.m_validate), m_logger(other.m_logger), m_processXmlNesting(0),
-      m_failureLine(0) {}
+      m_failureLine(0), m_inputLimits(other.m_inputLimits) {}
 
 IKMObject& IKMObject::operator=(const IKMObject& other) {
     if (&other == this)
@@ -215,6 +315,7 @@ IKMObject& IKMObject::operator=(const IKMObject& other) {
     m_objectName = other.m_objectName;
     m_validate = other.m_validate;
     m_logger = other.m_logger;
+    m_inputLimits = other.m_inputLimits;
     return *this;
 }
 
@@ -290,22 +391,28 @@ void IKMObject::GetBinary(QDataStream& out) const {
 }
 
 void IKMObject::SetBinary(QDataStream& in) {
-    QByteArray xml;
-    in >> xml;
+    const QByteArray xml = ReadBoundedBytes(in, m_inputLimits.maxBinaryFrameSize, GetObjectName());
     if (in.status() != QDataStream::Ok)
         throw KMException(QStringLiteral("%1: binary payload is truncated").arg(GetObjectName()));
     SetXmlString(QString::fromUtf8(xml));
 }
 
 void IKMObject::SetXmlString(const QString& xml) {
-    if (StreamsAsUtf8(xml)) {
-        Utf8StringDevice device(xml);
-        QXmlStreamReader reader(&device);
+    TranslatingFailures(GetObjectName(), [&] {
+        MarkupScanner scanner(m_inputLimits);
+        if (!scanner.Scan(reinterpret_cast<const char16_t*>(xml.utf16()), xml.size())) {
+            m_failureLine = scanner.Line();
+            throw LimitExceeded(scanner.Failure());
+        }
+        if (StreamsAsUtf8(xml)) {
+            Utf8StringDevice device(xml);
+            QXmlStreamReader reader(&device);
+            ReadDocument(reader, m_validate);
+            return;
+        }
+        QXmlStreamReader reader(xml);
         ReadDocument(reader, m_validate);
-        return;
-    }
-    QXmlStreamReader reader(xml);
-    ReadDocument(reader, m_validate);
+    });
 }
 
 void IKMObject::SetBinaryRepresentation(const QByteArray& data) {
@@ -314,6 +421,10 @@ void IKMObject::SetBinaryRepresentation(const QByteArray& data) {
 }
 
 void IKMObject::SetBinaryRepresentation(QDataStream& in) {
+    TranslatingFailures(GetObjectName(), [&] { ReadBinaryRepresentation(in); });
+}
+
+void IKMObject::ReadBinaryRepresentation(QDataStream& in) {
     in.setVersion(kStreamVersion);
     quint32 magic = 0;
     in >> magic;
@@ -322,11 +433,12 @@ void IKMObject::SetBinaryRepresentation(QDataStream& in) {
         return;
     }
     if (magic == kCompressedFrameMagic) {
-        QByteArray compressed;
-        in >> compressed;
-        const QByteArray frame = in.status() == QDataStream::Ok && !compressed.isEmpty()
-                                     ? qUncompress(compressed)
-                                     : QByteArray();
+        const QByteArray compressed =
+            ReadBoundedBytes(in, m_inputLimits.maxBinaryFrameSize, GetObjectName());
+        const QByteArray frame =
+            in.status() == QDataStream::Ok
+                ? BoundedInflate(compressed, m_inputLimits.maxBinaryFrameSize, GetObjectName())
+                : QByteArray();
         QDataStream inner(frame);
         inner.setVersion(kStreamVersion);
         if (!frame.isEmpty())
@@ -343,8 +455,8 @@ void IKMObject::SetBinaryRepresentation(QDataStream& in) {
 
 void IKMObject::ReadBinaryFrame(QDataStream& in) {
     quint16 formatVersion = 0;
-    QString objectName;
-    in >> formatVersion >> objectName;
+    in >> formatVersion;
+    const QString objectName = ReadBoundedName(in);
     if (in.status() != QDataStream::Ok)
         throw KMException(
             QStringLiteral("%1: binary representation is truncated").arg(GetObjectName()));
@@ -472,8 +584,7 @@ void IKMObject::LoadXml(QFile& file) {
         if (!file.isReadable())
             throw KMException(QStringLiteral("Cannot read '%1': it is not open for reading")
                                   .arg(file.fileName()));
-        QXmlStreamReader reader(&file);
-        ReadDocument(reader, m_validate);
+        TranslatingFailures(GetObjectName(), [&] { ReadGuarded(file); });
     } catch (const KelmoraException& failure) {
         if (openedHere)
             file.close();
@@ -490,7 +601,17 @@ void IKMObject::LoadBinary(const QString& fileName) {
         if (!file.open(QIODevice::ReadOnly))
             throw KMException(QStringLiteral("Cannot open '%1' for reading: %2")
                                   .arg(fileName, file.errorString()));
-        SetBinaryRepresentation(file.readAll());
+        // A frame carries a few bytes around its document.
+        constexpr qint64 kFrameOverhead = 4096;
+        if (file.size() > m_inputLimits.maxBinaryFrameSize + kFrameOverhead)
+            throw KMException(QStringLiteral("Cannot read '%1': %2 bytes, more than %3 "
+                                             "(maxBinaryFrameSize)")
+                                  .arg(fileName)
+                                  .arg(file.size())
+                                  .arg(m_inputLimits.maxBinaryFrameSize));
+        QByteArray data;
+        TranslatingFailures(GetObjectName(), [&] { data = file.readAll(); });
+        SetBinaryRepresentation(data);
     } catch (const KelmoraException& failure) {
         LogFailure(QStringLiteral("LoadBinary '%1'").arg(fileName), failure);
         throw;
@@ -514,23 +635,20 @@ void IKMObject::SaveXml(const QString& fileName) const {
         if (!QXmlStreamReader(piece).readNextStartElement())
             throw KMException(QStringLiteral("Cannot save '%1': %2 holds no complete settings")
                                   .arg(fileName, GetObjectName()));
-        QSaveFile file(fileName);
-        if (!file.open(QIODevice::WriteOnly))
-            throw KMException(QStringLiteral("Cannot open '%1' for writing: %2")
-                                  .arg(fileName, file.errorString()));
-        // flush() before commit(): commit() flushes the last buffered bytes
-        // itself but does not notice when that fails (the disk is full, the
-        // file size limit is reached), and would put the cut-off file in
-        // place of the previous one. Leaving without commit() discards the
-        // temporary file.
-        bool written = file.write(piece) == piece.size();
-        while (written && !pieces.AtEnd()) {
-            piece = pieces.Next();
-            written = file.write(piece) == piece.size();
-        }
-        if (!written || !file.flush() || !file.commit())
-            throw KMException(
-                QStringLiteral("Cannot write '%1': %2").arg(fileName, file.errorString()));
+        // Written piece by piece; the file is replaced only once all of it
+        // is on the disk (see DurableFile).
+        bool first = true;
+        DurableFile::Replace(fileName, [&](QByteArray& next) {
+            if (first) {
+                first = false;
+                next = piece;
+                return true;
+            }
+            if (pieces.AtEnd())
+                return false;
+            next = pieces.Next();
+            return true;
+        });
     } catch (const KelmoraException& failure) {
         LogFailure(QStringLiteral("SaveXml '%1'").arg(fileName), failure);
         throw;
@@ -602,6 +720,23 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
             ThrowIfReaderFailed(reader);
             break;
         }
+    }
+}
+
+void IKMObject::ReadGuarded(QIODevice& source) {
+    LimitedDevice guarded(source, m_inputLimits);
+    QXmlStreamReader reader(&guarded);
+    try {
+        ReadDocument(reader, m_validate);
+    } catch (const KelmoraException&) {
+        if (!guarded.Failed())
+            throw;
+    }
+    // A limit passed is the reason, also when the reader found the text cut
+    // off where the scanner stopped it, or the passing came after the root.
+    if (guarded.Failed()) {
+        m_failureLine = guarded.Scanner().Line();
+        throw LimitExceeded(guarded.Scanner().Failure());
     }
 }
 

@@ -1,6 +1,7 @@
 #ifndef KELMORA_IKMOBJECT_H
 #define KELMORA_IKMOBJECT_H
 
+#include <InputLimits.h>
 #include <KMException.h>
 #include <KelmoraBaseExport.h>
 #include <Logger.h>
@@ -31,6 +32,11 @@ namespace KELMORA {
 //    Characters that XML 1.0 cannot carry are left out of what is written
 //    (control characters, U+FFFE, U+FFFF) or replaced by '?' (unpaired
 //    surrogates), so the records' documents always read back.
+//  - Every load ends in a correct load or a KMException, whatever the input:
+//    documents are measured against the record's InputLimits before the XML
+//    reader sees them, binary frames before they are read or inflated, and
+//    anything else that escapes (such as std::bad_alloc) becomes a
+//    KMException.
 //  - Binary forms: a QDataStream frame of a magic number, a format version,
 //    the object name and the record's XML as UTF-8 (GetBinary/SetBinary write
 //    and read that last payload alone). The compressed form is a second magic
@@ -122,6 +128,12 @@ public:
     // "Unknown Tag 'X' in 'SCU'" carry no position; this tells where.
     qint64 GetFailureLine() const { return m_failureLine; }
 
+    // Bounds on what a document loaded into this record may ask (see
+    // InputLimits); passing one ends the load with a KMException that names
+    // the limit and the line and column. Copied with the record.
+    void SetInputLimits(const InputLimits& limits) { m_inputLimits = limits; }
+    const InputLimits& GetInputLimits() const { return m_inputLimits; }
+
 protected:
     virtual void SetObjectType(ObjectTypes type);
     virtual void SetObjectName(const QString& name);
@@ -138,6 +150,9 @@ private:
     void ReadDocument(QXmlStreamReader& reader, bool runValidation);
     void ReadRootElement(QXmlStreamReader& reader);
     void ReadBinaryFrame(QDataStream& in);
+    void ReadBinaryRepresentation(QDataStream& in);
+    // Reads a document from the device through the input limits.
+    void ReadGuarded(QIODevice& source);
     void LogFailure(const QString& operation, const KelmoraException& failure) const;
 
     ObjectTypes m_objectType;
@@ -146,6 +161,7 @@ private:
     Logger* m_logger;
     int m_processXmlNesting;
     qint64 m_failureLine;
+    InputLimits m_inputLimits;
 };
 
 } // namespace KELMORA

@@ -3,7 +3,7 @@
 # missing. Runs apt-get as root (directly, or through sudo when available).
 set -euo pipefail
 
-packages=(g++ cmake ninja-build pkg-config qtbase5-dev libgtest-dev)
+packages=(g++ cmake ninja-build pkg-config qtbase5-dev zlib1g-dev libgtest-dev)
 # The static checks of .ci/tidy.
 packages+=(clang-tidy)
 # The benchmarks (bench/run, .ci/bench): Google Benchmark, GNU time, python3.

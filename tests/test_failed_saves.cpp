@@ -14,6 +14,9 @@
 #include <algorithm>
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
 
 using namespace KELMORA;
 using testsupport::FileContents;
@@ -113,4 +116,49 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
         EXPECT_GT(FileContents(previous).size(), 1000);
         EXPECT_EQ(QString::fromUtf8(FileContents(previous)), record->GetXmlString());
     }
+}
+
+// A save replaces a regular file only, keeps its mode and owner, and
+// follows a symbolic link to the file it names.
+TEST(FailedSaves, ASaveReplacesOnlyARegularFileAndKeepsItsModeAndOwner) {
+    QTemporaryDir dir;
+    const Exciter_Settings settings = LookThrough();
+    const auto path = [&](const char* name) { return dir.filePath(QLatin1String(name)); };
+    const auto status = [](const QString& file) {
+        struct stat info {};
+        lstat(QFile::encodeName(file).constData(), &info);
+        return info;
+    };
+    ASSERT_EQ(mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
+    QStringList specials = {path("fifo"), dir.path()};
+    const bool root = geteuid() == 0;
+    if (root &&
+        mknod(QFile::encodeName(path("null")).constData(), S_IFCHR | 0666, makedev(1, 3)) == 0)
+        specials << path("null");
+    for (const QString& special : specials) {
+        const mode_t before = status(special).st_mode;
+        const QString message = ThrownMessage([&] { settings.SaveXml(special); });
+        EXPECT_TRUE(message.startsWith(
+            QStringLiteral("Cannot open '%1' for writing: it is a ").arg(special)))
+            << message.toStdString();
+        EXPECT_EQ(status(special).st_mode, before);
+    }
+
+    const QString readOnly = path("read-only.xml");
+    WriteFile(readOnly, "previous");
+    ASSERT_EQ(chmod(QFile::encodeName(readOnly).constData(), 0444), 0);
+    const uid_t nobody = 65534;
+    if (root) {
+        ASSERT_EQ(chown(QFile::encodeName(readOnly).constData(), nobody, nobody), 0);
+    }
+    const struct stat before = status(readOnly);
+    QFile::link(readOnly, path("link.xml"));
+    settings.SaveXml(path("link.xml"));
+    EXPECT_TRUE(S_ISLNK(status(path("link.xml")).st_mode));
+    const struct stat after = status(readOnly);
+    EXPECT_EQ(after.st_mode, before.st_mode);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    EXPECT_EQ(QString::fromUtf8(FileContents(readOnly)), settings.GetXmlString());
+    EXPECT_EQ(Entries(dir.path()).size(), specials.size() + 1); // no temporary file left
 }

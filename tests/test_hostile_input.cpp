@@ -18,6 +18,9 @@
 #include <QTemporaryDir>
 #include <QUrl>
 
+#include <functional>
+#include <sys/resource.h>
+
 #if __has_include(<valgrind/valgrind.h>)
 #include <valgrind/valgrind.h>
 #define EXCITERSETTINGS_UNDER_VALGRIND (RUNNING_ON_VALGRIND != 0)
@@ -100,21 +103,30 @@ QString Nested(const char* root, const char* element, int depth, const QString& 
 
 } // namespace
 
-TEST(HostileInput, AMillionLevelsOfNestingEndInAnErrorOrALoad) {
+TEST(HostileInput, NestingEndsAtTheDepthLimitOrAtTheWrapperLimit) {
     WDE wde;
-    // Wrappers in wrappers: the element loop follows 32 levels, then stops.
-    // (All four list wrappers and the simulation's own run that same loop.)
-    EXPECT_EQ(LoadBounded(wde, Nested("WDE", "ExciterList", kMillion)),
+    // A million levels of anything end at the depth limit, before the reader
+    // holds them.
+    for (const char* element : {"ExciterList", "WDE_Exciter", "Unknown"}) {
+        wde.Reset();
+        EXPECT_TRUE(LoadBounded(wde, Nested("WDE", element, kMillion), 2, 256)
+                        .startsWith(QLatin1String("Input limit exceeded: elements nested deeper "
+                                                  "than 256 levels (maxDepth) (line 1, column ")));
+    }
+    // Within it, wrappers in wrappers are followed 32 levels (all four list
+    // wrappers and the simulation's own run that same loop).
+    wde.Reset();
+    EXPECT_EQ(LoadBounded(wde, Nested("WDE", "ExciterList", 40)),
               QStringLiteral("WDE: elements nested too deeply (line 1)"));
     // Items in items: an item passes over children it does not know, at
     // any depth, so only the outermost one is read.
     wde.Reset();
-    EXPECT_TRUE(LoadBounded(wde, Nested("WDE", "WDE_Exciter", kMillion)).isNull());
+    EXPECT_TRUE(LoadBounded(wde, Nested("WDE", "WDE_Exciter", 250)).isNull());
     EXPECT_EQ(wde.GetExciterList().size(), 1);
     // Unknown elements in unknown elements, beside the record's values and
     // inside one of them: passed over, and the value is read whole.
     wde.Reset();
-    const QString unknown = Nested("Unknown", "Unknown", kMillion);
+    const QString unknown = Nested("Unknown", "Unknown", 120);
     EXPECT_TRUE(
         LoadBounded(wde, QStringLiteral("<WDE>%1<Mode>%1DET</Mode></WDE>").arg(unknown)).isNull());
     EXPECT_EQ(
@@ -337,7 +349,14 @@ TEST(HostileInput, AHundredMegabyteBase64FrequencyTextLoadsInBoundedTimeAndMemor
                     "</ChannelStep><Frequency>" +
                         chunk.repeated(100) + "</Frequency></WDE_Rasterdetector>\n");
 
+    // Above the default text limit, which a host raises for such a list.
     WDE_Rasterdetector raster;
+    EXPECT_TRUE(ThrownMessage([&] {
+                    raster.LoadXml(path);
+                }).startsWith(QLatin1String("Input limit exceeded: a text longer than 67108864")));
+    InputLimits limits;
+    limits.maxTextLength = 128 << 20;
+    raster.SetInputLimits(limits);
     EXPECT_TRUE(BoundedOutcome(60, 2048, [&] { raster.LoadXml(path); }).isNull());
     const QVector<double>& list = raster.GetFrequencyList();
     ASSERT_EQ(list.size(), 100 * megabyte / 32 * 3);
@@ -369,3 +388,125 @@ TEST(HostileInput, ListsOfAMillionItemsLoadInBoundedTimeAndMemory) {
     ExpectUsable(simulation, QStringLiteral("<WDE_Simulation Index=\"1\"><FrequencyList><Frequency>"
                                             "12.5</Frequency></FrequencyList></WDE_Simulation>"));
 }
+
+// Each input limit ends the load where it is passed, from a file (which is
+// never read further) and from a text alike, with a message that names it;
+// the record stays usable. The limits are lowered so that the files stay
+// small; the README gives the defaults and the worst cases measured.
+TEST(HostileInput, EachInputLimitEndsTheLoadWhereItIsPassed) {
+    InputLimits limits;
+    limits.maxTextLength = 1 << 20;
+    limits.maxNameLength = 64;
+    limits.maxAttributes = 16;
+    limits.maxDepth = 32;
+    const QByteArray large(2 << 20, 'x');
+    QByteArray attributes;
+    for (int i = 0; i < 20; ++i)
+        attributes += " a" + QByteArray::number(i) + "=\"1\"";
+    const struct {
+        QByteArray document;
+        const char* message;
+    } cases[] = {
+        {"<WDE>\n<Mode>" + large + "</Mode></WDE>",
+         "a text longer than 1048576 characters (maxTextLength) (line 2, column "},
+        {"<WDE><!--" + large + "--></WDE>", "a comment longer than 1048576 characters"},
+        {"<WDE><![CDATA[" + large + "]]></WDE>", "a CDATA section longer than 1048576"},
+        {"<WDE><?pi " + large + "?></WDE>", "a processing instruction longer than 1048576"},
+        {"<WDE a=\"" + large + "\"/>", "an attribute value longer than 1048576"},
+        {"<WDE/>\n<!--" + large + "-->", "a comment longer than 1048576"}, // after the root
+        {"<WDE><" + QByteArray(100, 'n') + "/></WDE>",
+         "a name longer than 64 characters (maxNameLength) (line 1, column 71)"},
+        {"<WDE" + attributes + "/>", "an element with more than 16 attributes (maxAttributes)"},
+        {QByteArray("<WDE>").repeated(40),
+         "elements nested deeper than 32 levels (maxDepth) (line 1, column 162)"},
+    };
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("hostile.xml"));
+    for (const auto& hostile : cases) {
+        SCOPED_TRACE(hostile.message);
+        WriteFile(path, hostile.document);
+        WDE wde;
+        wde.SetInputLimits(limits);
+        const QString expected = QStringLiteral("Input limit exceeded: ") + hostile.message;
+        EXPECT_TRUE(BoundedOutcome(2, 1024, [&] { wde.LoadXml(path); }).startsWith(expected));
+        EXPECT_TRUE(LoadBounded(wde, QString::fromUtf8(hostile.document), 2).startsWith(expected));
+        ExpectUsable(wde, GoodWDE());
+    }
+}
+
+// A binary representation is measured before it is read or inflated: a
+// compressed frame that declares more than the limit, one that declares
+// little and inflates to far more (a bomb), a frame whose document declares
+// gigabytes, and a file above the limit.
+TEST(HostileInput, BinaryFramesAreBoundedBeforeTheyAreReadOrInflated) {
+    InputLimits limits;
+    limits.maxBinaryFrameSize = 1 << 20;
+    const auto frame = [](quint32 magic, const std::function<void(QDataStream&)>& body) {
+        QByteArray data;
+        QDataStream out(&data, QIODevice::WriteOnly);
+        out.setVersion(QDataStream::Qt_5_15);
+        out << magic;
+        body(out);
+        return data;
+    };
+    const quint32 plain = 0x4B4D4F42, compressed = 0x4B4D4F5A;
+    QByteArray bomb = qCompress(QByteArray(64 << 20, '\0')); // 64 MB in some 64 kB
+    const QByteArray honest = frame(compressed, [&](QDataStream& out) { out << bomb; });
+    bomb[0] = bomb[1] = bomb[2] = 0; // declares 232 bytes
+    const QByteArray lying = frame(compressed, [&](QDataStream& out) { out << bomb; });
+    const QByteArray huge = frame(plain, [](QDataStream& out) {
+        out << quint16(1) << QStringLiteral("WDE") << quint32(0xC0000000);
+    });
+    const struct {
+        QByteArray data;
+        const char* message;
+    } cases[] = {
+        {honest, "WDE: compressed binary representation declares 67108864 bytes, more than "
+                 "1048576 (maxBinaryFrameSize)"},
+        {lying, "WDE: compressed binary representation is corrupt"},
+        {huge, "WDE: binary representation of 3221225472 bytes, more than 1048576 "
+               "(maxBinaryFrameSize)"},
+    };
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("frame.bin"));
+    for (const auto& hostile : cases) {
+        WDE wde;
+        wde.SetInputLimits(limits);
+        EXPECT_EQ(BoundedOutcome(2, 1024, [&] { wde.SetBinaryRepresentation(hostile.data); }),
+                  QLatin1String(hostile.message));
+        ExpectUsable(wde, GoodWDE());
+    }
+    WriteFile(path, QByteArray(2 << 20, 'x'));
+    WDE wde;
+    wde.SetInputLimits(limits);
+    EXPECT_TRUE(
+        ThrownMessage([&] {
+            wde.LoadBinary(path);
+        }).endsWith(QLatin1String("2097152 bytes, more than 1048576 (maxBinaryFrameSize)")));
+}
+
+#if !defined(__SANITIZE_ADDRESS__)
+// Running out of memory inside the reader or a record ends the load with a
+// KMException like any other failure. (The address space cannot be limited
+// under AddressSanitizer, which reserves terabytes of it.)
+TEST(HostileInput, RunningOutOfMemoryIsAKMException) {
+    if (UnderValgrind())
+        GTEST_SKIP() << "valgrind keeps its own books of memory";
+    const QString document =
+        Nested("WDE", "ExciterList", 1, QStringLiteral("<WDE_Exciter/>").repeated(kMillion));
+    rlimit previous{};
+    getrlimit(RLIMIT_AS, &previous);
+    const QRegularExpressionMatch size =
+        QRegularExpression(QStringLiteral("VmSize:\\s*(\\d+) kB"))
+            .match(QString::fromLatin1(FileContents(QStringLiteral("/proc/self/status"))));
+    ASSERT_TRUE(size.hasMatch());
+    rlimit lowered = previous;
+    lowered.rlim_cur = (size.captured(1).toULongLong() + 64ULL * 1024) * 1024; // 64 MB more
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &lowered), 0);
+    WDE wde;
+    const QString message = Outcome([&] { wde.SetXmlString(document); });
+    setrlimit(RLIMIT_AS, &previous);
+    EXPECT_EQ(message, QStringLiteral("WDE: out of memory while loading"));
+    ExpectUsable(wde, GoodWDE());
+}
+#endif

@@ -3,8 +3,10 @@
 #include "RecordRegistry.h"
 #include "TreePrinter.h"
 
+#include <InputLimits.h>
 #include <KMException.h>
 #include <SettingsLint.h>
+#include <XmlReaderError.h>
 
 #include <QFile>
 #include <QXmlStreamReader>
@@ -34,13 +36,18 @@ template <class Call> std::optional<QString> Failure(Call&& call) {
     return std::nullopt;
 }
 
+// Read within the input limits of a load: a start tag of a million
+// attributes would otherwise hold the reader for minutes.
 QString RootElementName(QFile& file) {
-    QXmlStreamReader reader(&file);
-    if (reader.readNextStartElement())
+    KELMORA::LimitedDevice limited(file, KELMORA::InputLimits());
+    QXmlStreamReader reader(&limited);
+    const bool found = reader.readNextStartElement();
+    if (limited.Failed())
+        throw KMException(
+            QStringLiteral("Input limit exceeded: %1").arg(limited.Scanner().Failure()));
+    if (found)
         return reader.name().toString();
-    throw KMException(QStringLiteral("XML error: %1 (line %2, column %3)")
-                          .arg(reader.errorString(), QString::number(reader.lineNumber()),
-                               QString::number(reader.columnNumber())));
+    throw KELMORA::XmlReaderError(reader);
 }
 
 void Report(QTextStream& stream, const QString& file, const QString& text) {

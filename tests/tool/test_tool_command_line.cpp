@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 namespace {
@@ -26,8 +27,11 @@ protected:
     // Runs the tool in the temporary directory, so that relative file names
     // appear unchanged in its output. Returns the standard output of a run
     // that ends with the status and writes the text to standard error.
-    QString Output(const QStringList& arguments, int status = 0, const QString& err = QString()) {
+    QString
+    Output(const QStringList& arguments, int status = 0, const QString& err = QString(),
+           const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
         QProcess process;
+        process.setProcessEnvironment(environment);
         process.setProgram(
             qEnvironmentVariable("EXCITER_SETTINGS_TOOL", QStringLiteral(TOOL_PATH)));
         process.setArguments(arguments);
@@ -81,6 +85,28 @@ TEST_F(ToolCommandLine, LintPrintsOneLinePerFindingAndExitsWithTheWorstStatus) {
               "broken.xml:1:29: error: XML error: Opening and ending tag mismatch. (line 1, "
               "column 29)\n" +
                   found);
+}
+
+// A disk that fails at any step of a save: the tool says so, the previous
+// file stays as it was and nothing is left beside it.
+TEST_F(ToolCommandLine, FormatNoticesADiskThatFailsAtAnyStepOfTheSave) {
+    const QByteArray previous = "<ATTANTPath>the previous file</ATTANTPath>\n";
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(FAULT_SHIM));
+    environment.insert(QStringLiteral("EXCITERSETTINGS_FAIL_DIR"), m_dir.path());
+    environment.insert(QStringLiteral("ASAN_OPTIONS"),
+                       QStringLiteral("verify_asan_link_order=0:") +
+                           environment.value(QStringLiteral("ASAN_OPTIONS")));
+    for (const char* call : {"write", "fchmod", "fsync", "close", "rename"}) {
+        SCOPED_TRACE(call);
+        Write("out.xml", previous);
+        environment.insert(QStringLiteral("EXCITERSETTINGS_FAIL"), QLatin1String(call));
+        Output({"format", kExample, "-o", "out.xml"}, 1,
+               kExample + ": Cannot write 'out.xml': Input/output error\n", environment);
+        EXPECT_EQ(Contents("out.xml"), previous);
+        EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Files | QDir::Hidden),
+                  QStringList({"incomplete.xml", "out.xml"}));
+    }
 }
 
 TEST_F(ToolCommandLine, UnreadableFilesExitWithTwoAndTheReasonOnStandardError) {
