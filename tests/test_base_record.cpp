@@ -82,9 +82,12 @@ TEST(HostOperations, BinaryFormsAndMergeRefuseForeignData) {
     }
     for (int i = 12; i < compressed.size(); ++i)
         compressed[i] = static_cast<char>(compressed[i] ^ 0x5A);
+    QByteArray otherVersion = plain;
+    otherVersion[5] = 2; // the format version, big-endian after the four-byte magic number
     ATTANTPath target;
-    for (const QByteArray& foreign : {QByteArray("garbage"), plain.left(plain.size() - 5),
-                                      compressed, WDE().GetBinaryRepresentationAsQByteArray()})
+    for (const QByteArray& foreign :
+         {QByteArray("garbage"), plain.left(plain.size() - 5), compressed, otherVersion,
+          WDE().GetBinaryRepresentationAsQByteArray()})
         EXPECT_THROW(target.SetBinaryRepresentation(foreign), KMException);
 
     // Merging reads the other record's element over this one.
