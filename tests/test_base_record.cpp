@@ -124,4 +124,8 @@ TEST(BaseValues, ValueMinMaxAndScanParameter) {
     EXPECT_EQ(ThrownMessage([&] { scan.SetXmlString("<ScanParameter><Step/></ScanParameter>"); }),
               "Unknown Tag 'Step' in 'ScanParameter'");
     EXPECT_EQ(CheckMessage(scan), "ScanParameter: Please set StartFrequency!");
+    scan.SetStartFrequency(1);
+    scan.SetStopFrequency(2);
+    scan.SetStepWidth(0.5);
+    EXPECT_NO_THROW(scan.Check()); // the dwell time is optional
 }
