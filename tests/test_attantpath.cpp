@@ -18,13 +18,22 @@ TEST(ATTANTPathRecord, WritesSixSwitchesInOrderOnlyWhenComplete) {
 
     path.Reset();
     EXPECT_FALSE(path.AnyData() || path.GetATT1() || path.GetATT4());
-    for (auto set : {&ATTANTPath::SetATT1, &ATTANTPath::SetATT2, &ATTANTPath::SetATT3,
-                     &ATTANTPath::SetATT5, &ATTANTPath::SetATT6})
-        (path.*set)(true);
-    EXPECT_TRUE(path.AnyData());
-    EXPECT_FALSE(path.HasData());
-    EXPECT_TRUE(WrittenXml(path).isEmpty());
-    EXPECT_EQ(CheckMessage(path), QStringLiteral("ATTANTPath: Please set ATT4!"));
+    // Each switch, the last included, left alone unset: nothing is written
+    // and Check() names it.
+    void (ATTANTPath::*const sets[])(bool) = {&ATTANTPath::SetATT1, &ATTANTPath::SetATT2,
+                                              &ATTANTPath::SetATT3, &ATTANTPath::SetATT4,
+                                              &ATTANTPath::SetATT5, &ATTANTPath::SetATT6};
+    for (int unset = 0; unset < 6; ++unset) {
+        path.Reset();
+        for (int position = 0; position < 6; ++position)
+            if (position != unset)
+                (path.*sets[position])(true);
+        EXPECT_TRUE(path.AnyData());
+        EXPECT_FALSE(path.HasData());
+        EXPECT_TRUE(WrittenXml(path).isEmpty());
+        EXPECT_EQ(CheckMessage(path),
+                  QStringLiteral("ATTANTPath: Please set ATT%1!").arg(unset + 1));
+    }
 }
 
 TEST(ATTANTPathRecord, ReadsTextsVerbatimAndRejectsUnknownOrMiscasedChildren) {

@@ -82,9 +82,12 @@ TEST(HostOperations, BinaryFormsAndMergeRefuseForeignData) {
     }
     for (int i = 12; i < compressed.size(); ++i)
         compressed[i] = static_cast<char>(compressed[i] ^ 0x5A);
+    QByteArray otherVersion = plain;
+    otherVersion[5] = 2; // the format version, big-endian after the four-byte magic number
     ATTANTPath target;
-    for (const QByteArray& foreign : {QByteArray("garbage"), plain.left(plain.size() - 5),
-                                      compressed, WDE().GetBinaryRepresentationAsQByteArray()})
+    for (const QByteArray& foreign :
+         {QByteArray("garbage"), plain.left(plain.size() - 5), compressed, otherVersion,
+          WDE().GetBinaryRepresentationAsQByteArray()})
         EXPECT_THROW(target.SetBinaryRepresentation(foreign), KMException);
 
     // Merging reads the other record's element over this one.
@@ -121,4 +124,8 @@ TEST(BaseValues, ValueMinMaxAndScanParameter) {
     EXPECT_EQ(ThrownMessage([&] { scan.SetXmlString("<ScanParameter><Step/></ScanParameter>"); }),
               "Unknown Tag 'Step' in 'ScanParameter'");
     EXPECT_EQ(CheckMessage(scan), "ScanParameter: Please set StartFrequency!");
+    scan.SetStartFrequency(1);
+    scan.SetStopFrequency(2);
+    scan.SetStepWidth(0.5);
+    EXPECT_NO_THROW(scan.Check()); // the dwell time is optional
 }

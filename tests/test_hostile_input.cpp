@@ -113,11 +113,18 @@ TEST(HostileInput, NestingEndsAtTheDepthLimitOrAtTheWrapperLimit) {
                         .startsWith(QLatin1String("Input limit exceeded: elements nested deeper "
                                                   "than 256 levels (maxDepth) (line 1, column ")));
     }
-    // Within it, wrappers in wrappers are followed 32 levels (all four list
-    // wrappers and the simulation's own run that same loop).
-    wde.Reset();
-    EXPECT_EQ(LoadBounded(wde, Nested("WDE", "ExciterList", 40)),
-              QStringLiteral("WDE: elements nested too deeply (line 1)"));
+    // Within it, wrappers in wrappers: the element loop follows 32 levels
+    // (the root and 31 wrappers, so the item in the deepest is read), then
+    // stops. (All four list wrappers and the simulation's own run that same
+    // loop.)
+    const QString tooDeep = QStringLiteral("WDE: elements nested too deeply (line 1)");
+    for (const auto& [depth, outcome] : {std::pair<int, QString>{31, QString()}, {32, tooDeep}}) {
+        wde.Reset();
+        const QString nested =
+            Nested("WDE", "ExciterList", depth, QStringLiteral("<WDE_Exciter/>"));
+        EXPECT_EQ(LoadBounded(wde, nested), outcome) << depth;
+        EXPECT_EQ(wde.GetExciterList().size(), outcome.isNull() ? 1 : 0) << depth;
+    }
     // Items in items: an item passes over children it does not know, at
     // any depth, so only the outermost one is read.
     wde.Reset();
