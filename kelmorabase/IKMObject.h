@@ -26,8 +26,8 @@ namespace KELMORA {
 //  - XML text and files: SetXmlString/GetXmlString, LoadXml/SaveXml. A document
 //    must have the record's GetObjectName() as its root element and no
 //    document type declaration (so no entities of its own). SaveXml writes
-//    indented UTF-8 with an XML declaration through QSaveFile, so a failed save
-//    leaves the previous file untouched, and refuses to write a document
+//    indented UTF-8 with an XML declaration through DurableFile, so a failed
+//    save leaves the previous file untouched, and refuses to write a document
 //    without a root element (an incomplete guarded record writes nothing).
 //    Characters that XML 1.0 cannot carry are left out of what is written
 //    (control characters, U+FFFE, U+FFFF) or replaced by '?' (unpaired
