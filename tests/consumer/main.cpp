@@ -1,14 +1,19 @@
 // A host program outside the library's tree: it sees only the installed
 // package, includes headers by class name and links Kelmora::ExciterSettings.
 #include <ATTANTPath.h>
+#include <DurableFile.h>
 #include <Exciter_Settings.h>
 #include <IKMObject.h>
+#include <InputLimits.h>
 #include <KMException.h>
 #include <KelmoraException.h>
 #include <Logger.h>
 #include <MinMax.h>
 #include <SCU.h>
+#include <ReadObserver.h>
+#include <RecordKinds.h>
 #include <ScanParameter.h>
+#include <SettingsLint.h>
 #include <TGN.h>
 #include <ValueMinMax.h>
 #include <WDE.h>
@@ -59,10 +64,28 @@ bool WholeTreeRoundTrips() {
     return Fails("incomplete settings passed Check()");
 }
 
+// The lint and the input limits, as a host reaches them.
+bool LintAndLimitsWork() {
+    const QVector<KELMORA::LintFinding> findings = KELMORA::SettingsLint::LintXmlString(
+        QStringLiteral("<WDE_Exciter Version=\"0.1\"><Level>-3.1234567</Level></WDE_Exciter>"));
+    if (findings.size() != 1 || findings[0].path != QStringLiteral("Level"))
+        return Fails("the lint missed a rounded value");
+    KELMORA::InputLimits limits;
+    limits.maxDepth = 2;
+    auto record = KELMORA::RecordKinds::Create(QStringLiteral("WDE"));
+    record->SetInputLimits(limits);
+    try {
+        record->SetXmlString(QStringLiteral("<WDE><a><b/></a></WDE>"));
+    } catch (const KELMORA::KMException&) {
+        return true;
+    }
+    return Fails("a document deeper than the limit loaded");
+}
+
 } // namespace
 
 int main() {
-    if (!IncompleteCheckThrows() || !WholeTreeRoundTrips())
+    if (!IncompleteCheckThrows() || !WholeTreeRoundTrips() || !LintAndLimitsWork())
         return 1;
     std::puts("consumer ok");
     return 0;
