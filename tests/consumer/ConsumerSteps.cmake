@@ -1,5 +1,6 @@
 # Steps of the tests that build a host outside this tree against an install:
-# included by RunConsumer.cmake and RunPkgConfigConsumer.cmake.
+# included by RunConsumer.cmake, RunPkgConfigConsumer.cmake and
+# ../both_qt/RunSideBySide.cmake.
 #
 # Expects GENERATOR, CXX, PKG_CONFIG, LIBDIR and CONSUMER_FLAGS (extra
 # compiler flags, possibly empty) where the steps need them.
