@@ -3,6 +3,7 @@
 #include <QDomDocument>
 #include <QHash>
 #include <QTextStream>
+#include <Utf8TextStream.h>
 
 #include <stdexcept>
 
@@ -199,8 +200,8 @@ QVector<WriteStep> StepsOf(const QString& document) {
     // nothing refers to the reader's buffers, so that the steps take little
     // memory and the bare writer is as quick as it can be.
     QHash<QString, QString> shared;
-    auto share = [&shared](const QStringRef& text) {
-        const QString copy(text.unicode(), text.size());
+    auto share = [&shared](QStringView text) {
+        const QString copy = text.toString();
         auto known = shared.constFind(copy);
         return known != shared.constEnd() ? *known : *shared.insert(copy, copy);
     };
@@ -222,7 +223,7 @@ QVector<WriteStep> StepsOf(const QString& document) {
             for (const QXmlStreamAttribute& attribute : reader.attributes())
                 step.attributes.append(share(attribute.qualifiedName()), share(attribute.value()));
             steps.append(step);
-            open.append({steps.size() - 1, false, reader.characterOffset()});
+            open.append({static_cast<int>(steps.size()) - 1, false, reader.characterOffset()});
             text.clear();
             break;
         }
@@ -316,7 +317,7 @@ QString SaveWithDom(const QVector<WriteStep>& steps) {
 
 void SaveWithDom(const QVector<WriteStep>& steps, QIODevice& device) {
     QTextStream stream(&device);
-    stream.setCodec("UTF-8");
+    KELMORA::SetUtf8(stream);
     BuildDom(steps).save(stream, 4);
 }
 

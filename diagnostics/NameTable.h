@@ -3,7 +3,6 @@
 
 #include <QHash>
 #include <QString>
-#include <QStringRef>
 #include <QStringView>
 
 namespace KELMORA {
@@ -12,8 +11,8 @@ namespace KELMORA {
 // a few dozen names stand for millions of elements.
 class NameTable {
 public:
-    QString Intern(const QStringRef& name) {
-        const auto found = m_names.constFind(QStringView(name));
+    QString Intern(QStringView name) {
+        const auto found = m_names.constFind(name);
         if (found != m_names.constEnd())
             return found.value();
         QString text = name.toString();

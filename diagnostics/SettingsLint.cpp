@@ -419,10 +419,10 @@ bool IsFileText(const QString& fileName, const QString& text) {
         return false;
     constexpr int kPiece = 1 << 20;
     for (int from = 0; from < text.size();) {
-        int length = std::min(kPiece, text.size() - from);
+        int length = static_cast<int>(std::min<qsizetype>(kPiece, text.size() - from));
         if (from + length < text.size() && text.at(from + length - 1).isHighSurrogate())
             --length; // a pair is not split
-        const QByteArray piece = text.midRef(from, length).toUtf8();
+        const QByteArray piece = QStringView(text).mid(from, length).toUtf8();
         if (file.read(piece.size()) != piece)
             return false;
         from += length;

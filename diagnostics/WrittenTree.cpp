@@ -20,10 +20,10 @@ WrittenTree::WrittenTree(const QString& document, const QSet<QString>& recordNam
             if (reader.error() != QXmlStreamReader::PrematureEndOfDocumentError ||
                 fed >= document.size())
                 break;
-            int length = std::min(kPiece, document.size() - fed);
+            int length = static_cast<int>(std::min<qsizetype>(kPiece, document.size() - fed));
             if (fed + length < document.size() && document.at(fed + length - 1).isHighSurrogate())
                 --length; // a pair is not split
-            reader.addData(document.midRef(fed, length).toUtf8());
+            reader.addData(QStringView(document).mid(fed, length).toUtf8());
             fed += length;
             continue;
         }
@@ -53,9 +53,9 @@ WrittenTree::WrittenTree(const QString& document, const QSet<QString>& recordNam
             // dropped when the element turns out to have children.
             Element& element = m_elements[static_cast<size_t>(current)];
             if (element.children.empty()) {
-                const QStringRef text = reader.text();
+                const QStringView text = reader.text();
                 if (element.text.isEmpty())
-                    element.text = QString(text.unicode(), text.size());
+                    element.text = text.toString();
                 else
                     element.text += text;
             }

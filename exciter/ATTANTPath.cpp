@@ -76,7 +76,7 @@ void ATTANTPath::GetXml(QXmlStreamWriter& writer) const {
 
 void ATTANTPath::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const QStringView child = reader.name();
     for (int position = 0; position < SwitchCount; ++position) {
         if (child == kSwitchNames[position]) {
             m_switches[position] = GetTextValue(reader);

@@ -99,7 +99,7 @@ const QString& Exciter_Settings::GetVersion() const {
 
 void Exciter_Settings::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const QStringView child = reader.name();
     if (child == kExciterMode) {
         SetExciterMode(ToExciterModeType(GetTextValue(reader)));
     } else if (child == kAutostart) {

@@ -67,7 +67,7 @@ void SCU::ProcessXml(QXmlStreamReader& reader) {
 
 void SCU::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const QStringView child = reader.name();
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == ElementNames::TransmitTime)

@@ -187,7 +187,7 @@ void TGN::ProcessXml(QXmlStreamReader& reader) {
 void TGN::ProcessXmlStartElement(QXmlStreamReader& reader) {
     using namespace RecordFormat;
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const QStringView child = reader.name();
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
     else if (child == m_bandwidth.name)

@@ -2,7 +2,7 @@
 #define KELMORA_CHILDNAME_H
 
 #include <QString>
-#include <QStringRef>
+#include <QStringView>
 
 #include <cstring>
 
@@ -16,11 +16,11 @@ namespace KELMORA {
 // reads on.
 class ChildName {
 public:
-    explicit ChildName(const QStringRef& name) : m_name(name) {}
+    explicit ChildName(QStringView name) : m_name(name) {}
 
     bool operator==(const QString& other) const {
         return m_name.size() == other.size() &&
-               std::memcmp(m_name.unicode(), other.unicode(),
+               std::memcmp(m_name.data(), other.unicode(),
                            static_cast<size_t>(other.size()) * sizeof(QChar)) == 0;
     }
     bool operator!=(const QString& other) const { return !(*this == other); }
@@ -28,7 +28,7 @@ public:
     QString toString() const { return m_name.toString(); }
 
 private:
-    QStringRef m_name;
+    QStringView m_name;
 };
 
 } // namespace KELMORA

@@ -62,16 +62,16 @@ auto Convert(QXmlStreamReader& reader, FromPiece fromPiece, FromText convertText
     QXmlStreamReader::TokenType token = reader.readNext();
     if (token != QXmlStreamReader::Characters)
         return fromText(CollectRest(reader, QString(), token));
-    const QStringRef piece = reader.text();
-    const int size = piece.size();
+    const QStringView piece = reader.text();
+    const int size = static_cast<int>(piece.size());
     if (size > kKeptCharacters) {
-        const QString text(piece.unicode(), size);
+        const QString text = piece.toString();
         return fromText(CollectRest(reader, text, reader.readNext()));
     }
     // Converted now, while the reader still holds the piece, and kept in
     // case more text follows it.
     char16_t kept[kKeptCharacters];
-    std::memcpy(kept, piece.unicode(), static_cast<size_t>(size) * sizeof(char16_t));
+    std::memcpy(kept, piece.data(), static_cast<size_t>(size) * sizeof(char16_t));
     const auto value = fromPiece(piece);
     token = reader.readNext();
     if (token == QXmlStreamReader::EndElement) {
@@ -87,26 +87,28 @@ auto Convert(QXmlStreamReader& reader, FromPiece fromPiece, FromText convertText
 
 double ToDouble(QXmlStreamReader& reader) {
     return Convert(
-        reader, [](const QStringRef& text) { return NumberText::ToDouble(text); },
+        reader, [](QStringView text) { return NumberText::ToDouble(text); },
         [](const QString& text) { return RecordFormat::ToDouble(text); });
 }
 
 unsigned int ToUnsigned(QXmlStreamReader& reader) {
     return Convert(
-        reader, [](const QStringRef& text) { return NumberText::ToUnsigned(text); },
+        reader, [](QStringView text) { return NumberText::ToUnsigned(text); },
         [](const QString& text) { return RecordFormat::ToUnsigned(text); });
 }
 
 bool IsTrue(QXmlStreamReader& reader) {
     return Convert(
-        reader, [](const QStringRef& text) { return text == QLatin1String("true"); },
+        reader, [](QStringView text) { return text == QLatin1String("true"); },
         [](const QString& text) { return RecordFormat::IsTrue(text); });
 }
 
 QVector<double> ToDoubleList(QXmlStreamReader& reader) {
     return Convert(
         reader,
-        [](const QStringRef& text) { return DoubleListCodec::Decode(text.unicode(), text.size()); },
+        [](QStringView text) {
+            return DoubleListCodec::Decode(text.data(), static_cast<int>(text.size()));
+        },
         [](const QString& text) { return DoubleListCodec::Decode(text); });
 }
 

@@ -19,7 +19,7 @@ void ReadItem(const IKMObject& record, const QXmlStreamReader& reader, QString& 
               QString& itemName) {
     // One pass over the attributes; of an attribute given twice the first
     // counts, as with QXmlStreamAttributes::value.
-    QStringRef readVersion;
+    QStringView readVersion;
     bool versionSeen = false, indexSeen = false, nameSeen = false;
     const QXmlStreamAttributes attributes = reader.attributes();
     for (const QXmlStreamAttribute& attribute : attributes) {

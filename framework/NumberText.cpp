@@ -140,15 +140,15 @@ bool ShortNumber(const QChar* text, int size, double& value) {
     return true;
 }
 
-double ToDouble(const QChar* text, int size, bool& converted) {
+double ToDouble(const QChar* text, qsizetype size, bool& converted) {
     double value = 0;
-    converted = size > 0 && size <= 24 && ShortNumber(text, size, value);
+    converted = size > 0 && size <= 24 && ShortNumber(text, static_cast<int>(size), value);
     if (converted)
         return value;
     char plain[kLongestShortCutText];
     bool mantissaIsZero = true;
     if (size <= 0 || size > kLongestShortCutText ||
-        !CopyPlainNumber(text, size, plain, mantissaIsZero))
+        !CopyPlainNumber(text, static_cast<int>(size), plain, mantissaIsZero))
         return 0;
     const std::from_chars_result result = std::from_chars(plain, plain + size, value);
     // Overflow and underflow keep QString::toDouble's own answers.
@@ -161,7 +161,7 @@ double ToDouble(const QChar* text, int size, bool& converted) {
 
 // Plain decimal digits, at most ten of them, as an unsigned 64-bit value;
 // false for anything else (signs, blanks, other digits, more digits).
-bool PlainDigits(const QChar* text, int size, quint64& value) {
+bool PlainDigits(const QChar* text, qsizetype size, quint64& value) {
     if (size <= 0 || size > 10)
         return false;
     value = 0;
@@ -175,7 +175,7 @@ bool PlainDigits(const QChar* text, int size, quint64& value) {
 }
 
 // An optional '-' and plain digits within the range of int.
-int ToInt(const QChar* text, int size, bool& converted) {
+int ToInt(const QChar* text, qsizetype size, bool& converted) {
     const bool negative = size > 0 && text[0] == QLatin1Char('-');
     quint64 magnitude = 0;
     converted = PlainDigits(text + negative, size - negative, magnitude) &&
@@ -263,9 +263,9 @@ double ToDouble(const QString& text) {
     return converted ? value : text.toDouble();
 }
 
-double ToDouble(const QStringRef& text) {
+double ToDouble(QStringView text) {
     bool converted = false;
-    const double value = ToDouble(text.constData(), text.size(), converted);
+    const double value = ToDouble(text.data(), text.size(), converted);
     return converted ? value : text.toDouble();
 }
 
@@ -275,9 +275,9 @@ int ToInt(const QString& text) {
     return converted ? value : text.toInt(nullptr, 10);
 }
 
-int ToInt(const QStringRef& text) {
+int ToInt(QStringView text) {
     bool converted = false;
-    const int value = ToInt(text.constData(), text.size(), converted);
+    const int value = ToInt(text.data(), text.size(), converted);
     return converted ? value : text.toInt(nullptr, 10);
 }
 
@@ -288,9 +288,9 @@ unsigned int ToUnsigned(const QString& text) {
     return text.toUInt(nullptr, 10);
 }
 
-unsigned int ToUnsigned(const QStringRef& text) {
+unsigned int ToUnsigned(QStringView text) {
     quint64 value = 0;
-    if (PlainDigits(text.constData(), text.size(), value) && value <= 4294967295u)
+    if (PlainDigits(text.data(), text.size(), value) && value <= 4294967295u)
         return static_cast<unsigned int>(value);
     return text.toUInt(nullptr, 10);
 }

@@ -2,7 +2,7 @@
 #define KELMORA_NUMBERTEXT_H
 
 #include <QString>
-#include <QStringRef>
+#include <QStringView>
 
 namespace KELMORA {
 
@@ -17,14 +17,14 @@ QString GeneralSix(double value);
 
 // QString::toDouble of the text (0 when it does not convert).
 double ToDouble(const QString& text);
-double ToDouble(const QStringRef& text);
+double ToDouble(QStringView text);
 
 // QString::toInt and QString::toUInt in base 10 (0 when the text does not
 // convert).
 int ToInt(const QString& text);
-int ToInt(const QStringRef& text);
+int ToInt(QStringView text);
 unsigned int ToUnsigned(const QString& text);
-unsigned int ToUnsigned(const QStringRef& text);
+unsigned int ToUnsigned(QStringView text);
 
 } // namespace NumberText
 } // namespace KELMORA

@@ -68,13 +68,14 @@ protected:
         if (m_served == m_piece.size()) {
             // The next piece of text; a surrogate pair is not split.
             constexpr int kPieceCharacters = 4096;
-            int count = qMin(kPieceCharacters, m_text.size() - m_position);
+            int count =
+                static_cast<int>(qMin<qsizetype>(kPieceCharacters, m_text.size() - m_position));
             if (count > 1 && m_position + count < m_text.size() &&
                 m_text.at(m_position + count - 1).isHighSurrogate())
                 --count;
             if (count <= 0)
                 return 0;
-            m_piece = QStringRef(&m_text, m_position, count).toUtf8();
+            m_piece = QStringView(m_text).mid(m_position, count).toUtf8();
             m_position += count;
             m_served = 0;
         }
@@ -110,14 +111,14 @@ bool StreamsAsUtf8(const QString& text) {
         if (text.at(i).isNull())
             return false;
     }
-    const QStringRef head(&text, start, kLongestDeclaration);
+    const QStringView head = QStringView(text).mid(start, kLongestDeclaration);
     if (!head.startsWith(QLatin1String("<?xml")) || !head.at(5).isSpace())
         return true; // no declaration
-    const int end = head.indexOf(QLatin1String("?>"));
+    const qsizetype end = head.indexOf(QLatin1String("?>"));
     if (end < 0)
         return false;
-    const QStringRef declaration = head.left(end);
-    const int encoding = declaration.indexOf(QLatin1String("encoding"));
+    const QStringView declaration = head.left(end);
+    const qsizetype encoding = declaration.indexOf(QLatin1String("encoding"));
     if (encoding < 0)
         return true;
     if (declaration.lastIndexOf(QLatin1String("encoding")) != encoding)
@@ -156,12 +157,13 @@ public:
     explicit Utf8Pieces(const QString& text) : m_text(text) {}
     bool AtEnd() const { return m_from == m_text.size(); }
     QByteArray Next() {
-        int length = std::min(kPieceCharacters, m_text.size() - m_from);
+        int length =
+            static_cast<int>(std::min<qsizetype>(kPieceCharacters, m_text.size() - m_from));
         if (m_from + length < m_text.size() && m_text.at(m_from + length - 1).isHighSurrogate())
             --length;
         const int from = m_from;
         m_from += length;
-        return m_text.midRef(from, length).toUtf8();
+        return QStringView(m_text).mid(from, length).toUtf8();
     }
 
 private:
@@ -689,9 +691,9 @@ void IKMObject::ProcessXmlStartElement(QXmlStreamReader&) {}
 QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
     // What readElementText(SkipChildElements) does, but the usual single
     // piece of text is copied at its size instead of being collected into a
-    // growing string. (Not QStringRef::toString, which shares the reader's
-    // whole buffer when the text fills it, so that the reader has to make a
-    // new one and the record keeps a string far larger than its text.)
+    // growing string. (A copy, never a share of the reader's whole buffer,
+    // which would make the reader make a new one and the record keep a
+    // string far larger than its text.)
     if (!reader.isStartElement())
         return QString();
     QString text;
@@ -699,9 +701,9 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
         switch (reader.readNext()) {
         case QXmlStreamReader::Characters:
         case QXmlStreamReader::EntityReference: {
-            const QStringRef piece = reader.text();
+            const QStringView piece = reader.text();
             if (text.isEmpty())
-                text = QString(piece.unicode(), piece.size());
+                text = piece.toString();
             else
                 text += piece;
             break;

@@ -63,7 +63,7 @@ void ScanParameter::ProcessXml(QXmlStreamReader& reader) {
 }
 
 void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader) {
-    const QStringRef child = reader.name();
+    const QStringView child = reader.name();
     for (const Field& field : Fields()) {
         if (child == field.name) {
             *field.value = LosslessNumber::Parse(GetTextValue(reader));

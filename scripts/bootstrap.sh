@@ -4,6 +4,8 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config qtbase5-dev zlib1g-dev libgtest-dev)
+# The build against Qt 6 (-DEXCITERSETTINGS_QT_MAJOR_VERSION=6).
+packages+=(qt6-base-dev)
 # The static checks of .ci/tidy.
 packages+=(clang-tidy)
 # The benchmarks (bench/run, .ci/bench): Google Benchmark, GNU time, python3.

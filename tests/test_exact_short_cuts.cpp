@@ -139,7 +139,7 @@ TEST(NumberText, FormatsAndParsesExactlyAsQt) {
                             "4294967296",
                             "99999999999"}) {
         const QString text = QString::fromUtf8(odd);
-        const QStringRef ref(&text);
+        const QStringView ref(text);
         EXPECT_TRUE(SameBits(NumberText::ToDouble(text), text.toDouble())) << odd;
         EXPECT_TRUE(SameBits(NumberText::ToDouble(ref), text.toDouble())) << odd;
         EXPECT_EQ(NumberText::ToInt(text), text.toInt(nullptr, 10)) << odd;

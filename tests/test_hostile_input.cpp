@@ -367,7 +367,8 @@ TEST(HostileInput, AHundredMegabyteBase64FrequencyTextLoadsInBoundedTimeAndMemor
     EXPECT_TRUE(BoundedOutcome(60, 2048, [&] { raster.LoadXml(path); }).isNull());
     const QVector<double>& list = raster.GetFrequencyList();
     ASSERT_EQ(list.size(), 100 * megabyte / 32 * 3);
-    for (int i : {0, 1, 2, list.size() - 3, list.size() - 2, list.size() - 1})
+    const int size = static_cast<int>(list.size());
+    for (int i : {0, 1, 2, size - 3, size - 2, size - 1})
         EXPECT_EQ(list[i], frequencies[i % 3]) << i;
     EXPECT_EQ(raster.GetChannelStep(), 25000);
     EXPECT_EQ(raster.GetIndex(), 2);

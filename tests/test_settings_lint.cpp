@@ -172,7 +172,7 @@ TEST(SettingsLint, ReportsEachLossWhereItStands) {
         EXPECT_EQ(findings[0].severity, LintFinding::Warning);
         const int standsAt =
             damage.standsAt ? document.indexOf(QString::fromUtf8(damage.standsAt)) : at;
-        EXPECT_EQ(findings[0].line, document.leftRef(standsAt).count(QLatin1Char('\n')) + 1);
+        EXPECT_EQ(findings[0].line, document.left(standsAt).count(QLatin1Char('\n')) + 1);
         EXPECT_EQ(findings[0].path, QString::fromUtf8(damage.path));
         EXPECT_TRUE(findings[0].message.contains(QString::fromUtf8(damage.message)));
     }
@@ -181,7 +181,7 @@ TEST(SettingsLint, ReportsEachLossWhereItStands) {
 TEST(SettingsLint, AFileThatCannotBeReadIsOneErrorWithTheRecordsMessage) {
     const QString settings = Documents().value(QStringLiteral("settings"));
     const auto lineOf = [](const QString& document, const char* text) {
-        return document.leftRef(document.indexOf(QLatin1String(text))).count(QLatin1Char('\n')) + 1;
+        return document.left(document.indexOf(QLatin1String(text))).count(QLatin1Char('\n')) + 1;
     };
     const QString cut = settings.left(settings.indexOf(QLatin1String("<SymbolRate>")) + 14);
     const struct {

@@ -7,6 +7,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
+#include <Utf8TextStream.h>
 
 #include <cstdio>
 #include <exception>
@@ -151,12 +152,12 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("exciter-settings"));
+    QCoreApplication::setApplicationName(QStringLiteral(EXCITERSETTINGS_TOOL_NAME));
     QCoreApplication::setApplicationVersion(QStringLiteral(EXCITERSETTINGS_VERSION));
     QTextStream out(stdout);
     QTextStream err(stderr);
-    out.setCodec("UTF-8");
-    err.setCodec("UTF-8");
+    KELMORA::SetUtf8(out);
+    KELMORA::SetUtf8(err);
     try {
         return Run(QCoreApplication::arguments(), out, err);
     } catch (const std::exception& failure) {

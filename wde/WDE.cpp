@@ -254,13 +254,13 @@ const QString& WDE::GetVersion() const {
 
 void WDE::ProcessXmlStartElement(QXmlStreamReader& reader) {
     // A view into the reader: compared before the child is read, never after.
-    const QStringRef child = reader.name();
+    const QStringView child = reader.name();
     if (!ReadValueElement(child, reader))
         ReadListElement(child, reader);
     // Anything else is left unread; the element loop passes over it.
 }
 
-bool WDE::ReadValueElement(const QStringRef& childName, QXmlStreamReader& reader) {
+bool WDE::ReadValueElement(QStringView childName, QXmlStreamReader& reader) {
     const ChildName child(childName);
     if (child == m_frequency.name)
         m_frequency.ReadValuesFromXml(reader);
@@ -301,7 +301,7 @@ bool WDE::ReadValueElement(const QStringRef& childName, QXmlStreamReader& reader
     return true;
 }
 
-bool WDE::ReadListElement(const QStringRef& childName, QXmlStreamReader& reader) {
+bool WDE::ReadListElement(QStringView childName, QXmlStreamReader& reader) {
     const ChildName child(childName);
     if (child == kSinglechanneldetectorList || child == kRasterdetectorList ||
         child == kExciterList || child == kSimulationList)

@@ -183,8 +183,8 @@ protected:
 
 private:
     // Each returns false when the child is not one of its elements.
-    bool ReadValueElement(const QStringRef& child, QXmlStreamReader& reader);
-    bool ReadListElement(const QStringRef& child, QXmlStreamReader& reader);
+    bool ReadValueElement(QStringView child, QXmlStreamReader& reader);
+    bool ReadListElement(QStringView child, QXmlStreamReader& reader);
     void WriteOptionalValues(QXmlStreamWriter& writer) const;
 
     QString m_version;

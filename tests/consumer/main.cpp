@@ -22,7 +22,14 @@
 #include <WDE_Simulation.h>
 #include <WDE_Singlechanneldetector.h>
 
+#include <QtGlobal>
+
 #include <cstdio>
+
+// The Qt that the package brought along is the one the host asked for.
+#if defined(EXPECTED_QT_MAJOR) && QT_VERSION_MAJOR != EXPECTED_QT_MAJOR
+#error "the package brought another Qt major version than the host asked for"
+#endif
 
 namespace {
 
@@ -87,6 +94,6 @@ bool LintAndLimitsWork() {
 int main() {
     if (!IncompleteCheckThrows() || !WholeTreeRoundTrips() || !LintAndLimitsWork())
         return 1;
-    std::puts("consumer ok");
+    std::printf("consumer ok (Qt %s)\n", qVersion());
     return 0;
 }

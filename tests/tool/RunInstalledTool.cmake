@@ -10,7 +10,7 @@ if(NOT result EQUAL 0)
   message(FATAL_ERROR "install failed (${result}):\n${err}")
 endif()
 
-set(TOOL ${STAGE}/${BINDIR}/exciter-settings)
+set(TOOL ${STAGE}/${BINDIR}/${TOOL_NAME})
 if(NOT EXISTS ${TOOL})
   message(FATAL_ERROR "the install holds no ${TOOL}")
 endif()

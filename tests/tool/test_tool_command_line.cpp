@@ -154,7 +154,7 @@ TEST_F(ToolCommandLine, FormatWritesTheLibrarysFormAndLeavesTheFileAloneOnFailur
 }
 
 TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
-    EXPECT_EQ(Output({"--version"}), "exciter-settings " PROJECT_VERSION_TEXT "\n");
+    EXPECT_EQ(Output({"--version"}), TOOL_NAME " " PROJECT_VERSION_TEXT "\n");
     const QString help = Output({"--help"});
     for (const char* expected : {"check FILE...", "show FILE", "format FILE [-o OUT]", "ATTANTPath",
                                  "WDE_Singlechanneldetector.", "2   a file could not be read"})
@@ -170,7 +170,7 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     };
     for (const auto& wrong : wrongUsages)
         EXPECT_EQ(Output(wrong.first, 64,
-                         QStringLiteral("exciter-settings: %1\nTry 'exciter-settings --help'.\n")
+                         QStringLiteral(TOOL_NAME ": %1\nTry '" TOOL_NAME " --help'.\n")
                              .arg(QLatin1String(wrong.second))),
                   "");
 }
