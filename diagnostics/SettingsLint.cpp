@@ -49,6 +49,7 @@ public:
     // read, every value reads back as written and only what a written
     // document cannot show is left to check.
     void CompareDocument(const IKMObject& root, const QString& written, bool sameAsGiven) {
+        m_root = &root;
         if (sameAsGiven)
             CheckKeptValues();
         else
@@ -304,7 +305,10 @@ private:
 
     void ReportPassedOver(int element, const std::vector<int>& siblings, const QString& path) {
         const Given& given = At(element);
-        const auto* settings = dynamic_cast<const Exciter_Settings*>(given.owner);
+        // Only the root is sure to outlive the read: a list item's record is
+        // gone once the list took it, so other owners are not looked into.
+        const auto* settings =
+            given.owner == m_root ? dynamic_cast<const Exciter_Settings*>(m_root) : nullptr;
         QString message;
         if (settings && given.name == WDE::GetName())
             message = QStringLiteral("'%1' is passed over and lost on save: %2")
@@ -338,6 +342,7 @@ private:
     const QSet<QString>& m_recordNames;
     QVector<LintFinding>& m_findings;
     const WrittenTree* m_written = nullptr;
+    const IKMObject* m_root = nullptr;
     QString m_prefix;
     bool m_documentWritten = true;
 };
