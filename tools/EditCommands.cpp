@@ -85,11 +85,11 @@ int Load(const QString& file, std::unique_ptr<KELMORA::IKMObject>& record, QText
     return ExitSuccess;
 }
 
-QString GetOne(const KELMORA::IKMObject& record, const ShowTree& shown,
-               const SettingsDocument& document, const QString& path) {
+QString GetOne(const KELMORA::IKMObject& record, const ShowTree& shown, const QString& path) {
     const QStringList segments = SettingsPath::Parse(path);
     if (const ShowNode* node = shown.Find(segments))
         return node->children.empty() ? node->value + QLatin1Char('\n') : shown.Text(*node);
+    const SettingsDocument document(record);
     // What show prints on one line, such as a list of numbers, the written
     // tree names item by item.
     if (const SettingsNode* node = document.Find(segments); node && node->IsValue())
@@ -386,10 +386,9 @@ int RunGet(const QString& file, const QStringList& paths, QTextStream& out, QTex
     if (const int status = Load(file, record, err))
         return status;
     const ShowTree shown(*record);
-    const SettingsDocument document(*record);
     for (const QString& path : paths) {
         try {
-            out << GetOne(*record, shown, document, path);
+            out << GetOne(*record, shown, path);
         } catch (const KMException& failure) {
             out.flush();
             Report(err, file, failure.GetMessage());
@@ -405,9 +404,15 @@ int RunShowJson(const QString& file, QTextStream& out, QTextStream& err) {
     if (const int status = Load(file, record, err))
         return status;
     const ShowTree shown(*record);
-    const SettingsDocument document(*record);
-    out << QString::fromUtf8(
-        QJsonDocument(document.ToJson(shown).toObject()).toJson(QJsonDocument::Indented));
+    QByteArray json;
+    if (const auto failure = Failure([&] {
+            json = QJsonDocument(SettingsDocument(*record).ToJson(shown).toObject())
+                       .toJson(QJsonDocument::Indented);
+        })) {
+        Report(err, file, *failure);
+        return ExitUnreadable;
+    }
+    out << QString::fromUtf8(json);
     out.flush();
     return ExitSuccess;
 }
@@ -417,7 +422,13 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
     if (const int status = Load(request.file, record, err))
         return status;
     const ShowTree shown(*record);
-    SettingsDocument document(*record);
+    std::unique_ptr<SettingsDocument> written;
+    if (const auto failure =
+            Failure([&] { written = std::make_unique<SettingsDocument>(*record); })) {
+        Report(err, request.file, *failure);
+        return ExitFailed;
+    }
+    SettingsDocument& document = *written;
     if (!request.json.isEmpty()) {
         std::unique_ptr<SettingsNode> changes;
         if (const auto failure =
@@ -449,8 +460,16 @@ int RunDiff(const QString& first, const QString& second, QTextStream& out, QText
         return ExitUnreadable;
     const ShowTree firstShown(*records[0]);
     const ShowTree secondShown(*records[1]);
-    const SettingsDocument firstDocument(*records[0]);
-    const SettingsDocument secondDocument(*records[1]);
+    std::unique_ptr<SettingsDocument> documents[2];
+    for (int side = 0; side < 2; ++side) {
+        if (const auto failure = Failure(
+                [&] { documents[side] = std::make_unique<SettingsDocument>(*records[side]); })) {
+            Report(err, side == 0 ? first : second, *failure);
+            return ExitUnreadable;
+        }
+    }
+    const SettingsDocument& firstDocument = *documents[0];
+    const SettingsDocument& secondDocument = *documents[1];
     Differences differences(firstShown, secondShown, out);
     QStringList path;
     if (firstDocument.Root().name != secondDocument.Root().name) {

@@ -415,6 +415,16 @@ std::unique_ptr<SettingsNode> SettingsNode::Copy() const {
 
 SettingsDocument::SettingsDocument(const KELMORA::IKMObject& record) {
     const QString xml = record.GetXmlString();
+    if (KELMORA::RecordKinds::RootNameOfXmlString(xml).isEmpty()) {
+        QString reason;
+        try {
+            record.Check();
+        } catch (const KELMORA::KelmoraException& failure) {
+            reason = QStringLiteral(" (%1)").arg(failure.GetMessage());
+        }
+        throw KMException(QStringLiteral("%1 writes no settings while incomplete%2")
+                              .arg(record.GetObjectName(), reason));
+    }
     std::unique_ptr<KELMORA::IKMObject> fresh =
         KELMORA::RecordKinds::Create(record.GetObjectName());
     if (fresh) {

@@ -75,6 +75,7 @@ struct SettingsNode {
 // document into a fresh record of the same kind.
 class SettingsDocument {
 public:
+    // Throws KMException for a record that writes nothing (incomplete).
     explicit SettingsDocument(const KELMORA::IKMObject& record);
     // A document given as text; `recordNames` as learned from another.
     SettingsDocument(const QString& xml, const QSet<QString>& recordNames);
