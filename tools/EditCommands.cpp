@@ -1,6 +1,7 @@
 // get, set, diff and show --json: commands on the settings as the records
 // write them (see SettingsDocument).
 #include "Commands.h"
+#include "RecordRegistry.h"
 #include "SettingsDocument.h"
 #include "TreePrinter.h"
 
@@ -167,6 +168,28 @@ void Remove(SettingsNode& node) {
                                 [&](const auto& child) { return child.get() == &node; }));
 }
 
+// The record's message for a refused document, with the choices of each
+// value that lies outside its record's own choice list. The values that
+// the file held were read by the record, so only those given can.
+void AddChoices(QString& message, const SettingsNode& node) {
+    const RecordType* type = RecordRegistry::Instance().Find(node.name);
+    std::unique_ptr<KELMORA::IKMObject> record;
+    for (const auto& child : node.children) {
+        if (!child->IsValue()) {
+            AddChoices(message, *child);
+            continue;
+        }
+        if (!type || !type->choices || child->text.isEmpty())
+            continue;
+        if (!record)
+            record = type->create();
+        const QStringList choices = type->choices(*record, child->name);
+        if (!choices.isEmpty() && !choices.contains(child->text))
+            message += QStringLiteral(" (%1 choices: %2)")
+                           .arg(child->name, choices.join(QStringLiteral(", ")));
+    }
+}
+
 // Applies one "PATH=VALUE" to the document.
 void Assign(SettingsDocument& document, const ShowTree& shown, const QString& assignment) {
     const int equals = assignment.indexOf(QLatin1Char('='));
@@ -253,13 +276,16 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
 
 // Reads the changed document into a fresh record, refuses what the lint
 // finds or Check() rejects unless forced, and saves.
-int Save(const SetRequest& request, const QString& xml, QTextStream& err) {
+int Save(const SetRequest& request, const SettingsDocument& document, QTextStream& err) {
+    const QString xml = document.Xml();
     std::unique_ptr<KELMORA::IKMObject> record =
         KELMORA::RecordKinds::Create(KELMORA::RecordKinds::RootNameOfXmlString(xml));
     if (!record)
         throw KMException(QStringLiteral("The changed document names no record"));
     if (const auto failure = Failure([&] { record->SetXmlString(xml); })) {
-        Report(err, request.file, *failure);
+        QString message = *failure;
+        AddChoices(message, document.Root());
+        Report(err, request.file, message);
         return ExitFailed;
     }
     bool refused = false;
@@ -449,7 +475,7 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
             return ExitUsage;
         }
     }
-    return Save(request, document.Xml(), err);
+    return Save(request, document, err);
 }
 
 int RunDiff(const QString& first, const QString& second, QTextStream& out, QTextStream& err) {

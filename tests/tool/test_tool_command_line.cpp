@@ -293,8 +293,12 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
          "WDE/ExciterList/1/Level: -19 -> -3\n"
          "WDE/SimulationList/0/FrequencyList/3: (none) -> 50000\n"},
         {{"ExciterMode=Continuous", "WDE=-"}, 0, {}, nullptr},
-        // The record's own reader refuses a text outside its choice list.
-        {{"TGN/Reference=Intern"}, 1, kLookThrough + ": TGN: Unknown Reference 'Intern'\n", ""},
+        // The record's own reader refuses a text outside its choice list;
+        // the tool adds the choices.
+        {{"TGN/Reference=Intern", "ExciterMode=Sweep"},
+         1,
+         kLookThrough + ": TGN: Unknown Reference 'Intern' (Reference choices: intern, extern)\n",
+         ""},
         {{"SCU/TransmitTime=0.0004"},
          1,
          kLookThrough +
@@ -408,7 +412,8 @@ TEST_F(ToolCommandLine, JsonRoundTripsAndPipesUseStandardStreams) {
               "TGN/Power: -12.5 -> -3\nTGN/Tone: unset -> 1000\n");
     m_input = R"({"Exciter_Settings": {"TGN": {"Reference": "Intern"}}})";
     Output({"set", kLookThrough, "--json", "-", "-o", "out.xml"}, 1,
-           kLookThrough + ": TGN: Unknown Reference 'Intern'\n");
+           kLookThrough +
+               ": TGN: Unknown Reference 'Intern' (Reference choices: intern, extern)\n");
 }
 
 } // namespace
