@@ -184,15 +184,15 @@ const Command kCommands[] = {
              return UsageError(err, QStringLiteral("get takes a FILE and at least one PATH"));
          return RunGet(arguments.first(), arguments.mid(1), out, err);
      }},
-    {"set", "exciter-settings set sweep.xml TGN/Power=-10 WDE/ExciterList/+ WDE/ExciterList/2=-",
+    {"set", "exciter-settings set installed.xml TGN/Power=-10 WDE/ExciterList/0/Level=-3",
      [](QCommandLineParser& parser, const Options& options) {
          parser.addPositionalArgument(QStringLiteral("set"),
                                       QStringLiteral("Change settings of FILE and save it."));
          FileArgument(parser, QStringLiteral("Settings file."));
          parser.addPositionalArgument(
              QStringLiteral("PATH=VALUE"),
-             QStringLiteral("Changes in order: PATH=VALUE sets a value (an enumeration by its\n"
-                            "text), LIST/+ adds an item (LIST/+=VALUE to a list of values),\n"
+             QStringLiteral("Changes in order: PATH=VALUE sets a value (an enumeration by its "
+                            "text), LIST/+ adds an item (LIST/+=VALUE to a list of values), "
                             "PATH=- removes an item or a value."),
              QStringLiteral("PATH=VALUE..."));
          parser.addOption(options.setJson);
