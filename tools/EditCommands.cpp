@@ -146,26 +146,47 @@ public:
     int count = 0;
 };
 
-// Whether the record reads every element of the document: a setting that
-// show prints but that is not written may be an attribute (an item's
-// Name), and only the record's reading tells. A document that the record
-// rejects counts as read: the rejection is reported when it is saved.
-bool ReadsEveryElement(const SettingsDocument& document) {
+// How many elements the record passes over when reading the document; 0
+// for a document that it rejects (reported when it is saved).
+int PassedOver(const SettingsDocument& document) {
     const auto record = KELMORA::RecordKinds::Create(document.Root().name);
     if (!record)
-        return true;
+        return 0;
     PassedOverCounter counter;
     const KELMORA::ReadObserver::Scope watching(counter);
     record->SetValidate(false);
     if (Failure([&] { record->SetXmlString(document.Xml()); }))
-        return true;
-    return counter.count == 0;
+        return 0;
+    return counter.count;
 }
 
 void Remove(SettingsNode& node) {
     auto& siblings = node.parent->children;
     siblings.erase(std::find_if(siblings.begin(), siblings.end(),
                                 [&](const auto& child) { return child.get() == &node; }));
+}
+
+// Values added as elements that the record passes over become attributes
+// of their records: a setting that show prints but that is not written may
+// be one (an item's Name), and only the record's reading tells. A value
+// stays an element unless the attribute is read where the element was not.
+void KeepWhereRead(SettingsDocument& document, const std::vector<SettingsNode*>& values) {
+    int passedOver = PassedOver(document);
+    for (SettingsNode* value : values) {
+        if (passedOver == 0)
+            return;
+        SettingsNode& parent = *value->parent;
+        std::unique_ptr<SettingsNode> element = value->Copy();
+        Remove(*value);
+        parent.SetAttribute(element->name, element->text);
+        const int after = PassedOver(document);
+        if (after < passedOver) {
+            passedOver = after;
+        } else {
+            parent.RemoveAttribute(element->name);
+            parent.Append(std::move(element));
+        }
+    }
 }
 
 // The record's message for a refused document, with the choices of each
@@ -236,13 +257,9 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
         auto created = std::make_unique<SettingsNode>();
         created->name = segment;
         created->text = value;
-        SettingsNode& parent = *node;
-        node = &parent.Append(std::move(created));
+        node = &node->Append(std::move(created));
         if (last && !adding) {
-            if (!ReadsEveryElement(document)) {
-                Remove(*node);
-                parent.SetAttribute(segment, value);
-            }
+            KeepWhereRead(document, {node});
             return;
         }
     }
@@ -462,10 +479,14 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
             Report(err, request.json, *failure);
             return ExitUnreadable;
         }
-        if (const auto failure = Failure([&] { document.Apply(*changes); })) {
+        std::vector<SettingsNode*> added;
+        if (const auto failure = Failure([&] { added = document.Apply(*changes); })) {
             Report(err, request.json, *failure);
             return ExitFailed;
         }
+        // An unset attribute (an item's Name) comes as a plain key; the
+        // record's reading tells.
+        KeepWhereRead(document, added);
     }
     for (const QString& assignment : request.assignments) {
         try {

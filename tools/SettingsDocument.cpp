@@ -226,7 +226,7 @@ std::unique_ptr<SettingsNode> NodeFromJson(const QString& name, const QJsonValue
     return node;
 }
 
-void ApplyTo(SettingsNode& target, const SettingsNode& change) {
+void ApplyTo(SettingsNode& target, const SettingsNode& change, std::vector<SettingsNode*>& added) {
     for (const auto& attribute : change.attributes)
         target.SetAttribute(attribute.first, attribute.second);
     if (change.hasText) {
@@ -238,7 +238,7 @@ void ApplyTo(SettingsNode& target, const SettingsNode& change) {
         target.children.clear();
         target.wrapper = true;
         for (const auto& item : change.children)
-            target.Append(item->Copy());
+            added.push_back(&target.Append(item->Copy()));
         return;
     }
     for (const auto& child : change.children) {
@@ -250,9 +250,9 @@ void ApplyTo(SettingsNode& target, const SettingsNode& change) {
                                             [&](const auto& c) { return c.get() == existing; }));
             }
         } else if (existing) {
-            ApplyTo(*existing, *child);
+            ApplyTo(*existing, *child, added);
         } else {
-            target.Append(child->Copy());
+            added.push_back(&target.Append(child->Copy()));
         }
     }
 }
@@ -360,6 +360,13 @@ QString SettingsNode::Attribute(const QString& attributeName) const {
             return attribute.second;
     }
     return QString();
+}
+
+void SettingsNode::RemoveAttribute(const QString& attributeName) {
+    attributes.erase(
+        std::remove_if(attributes.begin(), attributes.end(),
+                       [&](const auto& attribute) { return attribute.first == attributeName; }),
+        attributes.end());
 }
 
 void SettingsNode::SetAttribute(const QString& attributeName, const QString& value) {
@@ -492,12 +499,24 @@ std::unique_ptr<SettingsNode> SettingsDocument::FromJson(const QJsonValue& json)
     return NodeFromJson(object.begin().key(), object.begin().value());
 }
 
-void SettingsDocument::Apply(const SettingsNode& changes) {
+std::vector<SettingsNode*> SettingsDocument::Apply(const SettingsNode& changes) {
     if (changes.name != m_root->name)
         throw KMException(QStringLiteral("JSON: the root element is '%1', the file holds '%2'")
                               .arg(changes.name, m_root->name));
-    ApplyTo(*m_root, changes);
+    std::vector<SettingsNode*> added;
+    ApplyTo(*m_root, changes, added);
     DropNulls(*m_root);
+    // The values in the added subtrees, the nulls gone.
+    std::vector<SettingsNode*> values;
+    const std::function<void(SettingsNode&)> collect = [&](SettingsNode& node) {
+        if (node.IsValue() && node.parent && !node.parent->wrapper)
+            values.push_back(&node);
+        for (auto& child : node.children)
+            collect(*child);
+    };
+    for (SettingsNode* node : added)
+        collect(*node);
+    return values;
 }
 
 QString DisplayValue(const QString& text) {

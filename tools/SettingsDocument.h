@@ -60,6 +60,7 @@ struct SettingsNode {
     // The attribute's value, or a null text.
     QString Attribute(const QString& attributeName) const;
     void SetAttribute(const QString& attributeName, const QString& value);
+    void RemoveAttribute(const QString& attributeName);
     // The child a path segment names: by element name, or by position in a
     // wrapper. Null when there is none.
     SettingsNode* Child(const QString& segment) const;
@@ -101,7 +102,9 @@ public:
     // Applies a tree made by FromJson to this document: attributes and values
     // it gives replace, nulls remove, lists replace the whole list, the rest
     // stays.
-    void Apply(const SettingsNode& changes);
+    // Returns the values it added as elements that the document lacked
+    // (also those in the records and lists it added or replaced).
+    std::vector<SettingsNode*> Apply(const SettingsNode& changes);
 
 private:
     void MarkWrappers(SettingsNode& node) const;
