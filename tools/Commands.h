@@ -16,11 +16,13 @@ namespace tool {
 
 enum ExitStatus {
     ExitSuccess = 0,
-    // check: a file failed validation; format: the result could not be written.
+    // check: a file failed validation; lint: findings; format: the result
+    // could not be written; set: refused or not written; diff: differences.
     ExitFailed = 1,
     // A file could not be read: missing, not well-formed, unknown root
     // element, or rejected by its record while loading.
     ExitUnreadable = 2,
+    // Wrong usage, or a path that names no setting.
     ExitUsage = 64,
 };
 
