@@ -1,5 +1,7 @@
 #include "WrittenTree.h"
 
+#include "SettingsPath.h"
+
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -85,12 +87,12 @@ QString WrittenTree::PathOf(int index) const {
     for (int at = index; At(at).parent >= 0; at = At(at).parent) {
         const int parent = At(at).parent;
         if (IsWrapper(parent)) {
-            segments.prepend(QString::number(At(at).position));
+            segments.prepend(SettingsPath::ItemSegment(At(at).position));
         } else {
             segments.prepend(At(at).name);
         }
     }
-    return segments.join(QLatin1Char('/'));
+    return SettingsPath::Print(segments);
 }
 
 QString WrittenTree::Attribute(const Element& element, const QString& name) {

@@ -21,21 +21,6 @@ namespace {
 
 using KELMORA::KMException;
 
-// Runs the call; returns the text of whatever it threw, nothing when it
-// returned normally.
-template <class Call> std::optional<QString> Failure(Call&& call) {
-    try {
-        call();
-    } catch (const KELMORA::KelmoraException& failure) {
-        return failure.GetMessage();
-    } catch (const std::exception& failure) {
-        return QString::fromLocal8Bit(failure.what());
-    } catch (...) {
-        return QStringLiteral("unexpected failure");
-    }
-    return std::nullopt;
-}
-
 // Read within the input limits of a load: a start tag of a million
 // attributes would otherwise hold the reader for minutes.
 QString RootElementName(QFile& file) {
@@ -50,35 +35,94 @@ QString RootElementName(QFile& file) {
     throw KELMORA::XmlReaderError(reader);
 }
 
+} // namespace
+
 void Report(QTextStream& stream, const QString& file, const QString& text) {
     stream << file << ": " << text << '\n';
     stream.flush();
 }
 
+QString StandardInput() {
+    static const QString text = [] {
+        QFile input;
+        if (!input.open(stdin, QIODevice::ReadOnly))
+            throw KMException(
+                QStringLiteral("Cannot read standard input: %1").arg(input.errorString()));
+        return QString::fromUtf8(input.readAll());
+    }();
+    return text;
+}
+
+namespace {
+
+// A record's failure while loading, with the line where the reader stopped
+// unless the message names it already.
+[[noreturn]] void Rethrow(const KELMORA::KelmoraException& failure,
+                          const KELMORA::IKMObject& record) {
+    const QString& message = failure.GetMessage();
+    if (record.GetFailureLine() <= 0 || message.contains(QLatin1String("(line ")))
+        throw;
+    throw KMException(
+        QStringLiteral("%1 (line %2)").arg(message, QString::number(record.GetFailureLine())));
+}
+
+std::unique_ptr<KELMORA::IKMObject> CreateRecord(const QString& rootName) {
+    const RecordType* type = RecordRegistry::Instance().Find(rootName);
+    if (!type)
+        throw KMException(QStringLiteral("Unknown root element '%1'").arg(rootName));
+    return type->create();
+}
+
+std::unique_ptr<KELMORA::IKMObject> LoadStandardInput() {
+    const QString xml = StandardInput();
+    QXmlStreamReader reader(xml);
+    if (!reader.readNextStartElement())
+        throw KELMORA::XmlReaderError(reader);
+    std::unique_ptr<KELMORA::IKMObject> record = CreateRecord(reader.name().toString());
+    try {
+        record->SetXmlString(xml);
+    } catch (const KELMORA::KelmoraException& failure) {
+        Rethrow(failure, *record);
+    }
+    return record;
+}
+
 } // namespace
 
+void SaveRecord(const KELMORA::IKMObject& record, const QString& target) {
+    if (target != StandardStream()) {
+        record.SaveXml(target);
+        return;
+    }
+    const QString xml = record.GetXmlString();
+    if (xml.isEmpty())
+        throw KMException(QStringLiteral("Cannot write to standard output: %1 holds no complete "
+                                         "settings")
+                              .arg(record.GetObjectName()));
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly) || output.write(xml.toUtf8()) < 0 ||
+        !output.flush())
+        throw KMException(
+            QStringLiteral("Cannot write to standard output: %1").arg(output.errorString()));
+}
+
 std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName) {
+    if (fileName == StandardStream())
+        return LoadStandardInput();
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         throw KMException(QStringLiteral("Cannot open for reading: %1").arg(file.errorString()));
     const QString rootName = RootElementName(file);
-    const RecordType* type = RecordRegistry::Instance().Find(rootName);
-    if (!type)
-        throw KMException(QStringLiteral("Unknown root element '%1'").arg(rootName));
+    std::unique_ptr<KELMORA::IKMObject> record = CreateRecord(rootName);
     if (!file.seek(0))
         throw KMException(
             QStringLiteral("Cannot read the file a second time: %1").arg(file.errorString()));
-    std::unique_ptr<KELMORA::IKMObject> record = type->create();
     try {
         record->LoadXml(file);
     } catch (const KELMORA::KelmoraException& failure) {
         // A record's own message says what is wrong; add where, unless the
         // XML reader's message already names the line.
-        const QString& message = failure.GetMessage();
-        if (record->GetFailureLine() <= 0 || message.contains(QLatin1String("(line ")))
-            throw;
-        throw KMException(
-            QStringLiteral("%1 (line %2)").arg(message, QString::number(record->GetFailureLine())));
+        Rethrow(failure, *record);
     }
     return record;
 }
@@ -121,7 +165,10 @@ int RunShow(const QString& file, QTextStream& out, QTextStream& err) {
 int RunLint(const QStringList& files, QTextStream& out) {
     int status = ExitSuccess;
     for (const QString& file : files) {
-        for (const KELMORA::LintFinding& finding : KELMORA::SettingsLint::LintXmlFile(file)) {
+        const QVector<KELMORA::LintFinding> findings =
+            file == StandardStream() ? KELMORA::SettingsLint::LintXmlString(StandardInput())
+                                     : KELMORA::SettingsLint::LintXmlFile(file);
+        for (const KELMORA::LintFinding& finding : findings) {
             out << file << ':' << finding.line << ':' << finding.column << ": "
                 << finding.SeverityText() << ": " << finding.message << '\n';
             status = std::max(status, finding.severity == KELMORA::LintFinding::Error
@@ -141,7 +188,7 @@ int RunFormat(const QString& file, const QString& target, QTextStream& err) {
     }
     // The save writes a temporary file and renames it over the target only
     // once complete; an incomplete record writes no document and is refused.
-    if (const auto failure = Failure([&] { record->SaveXml(target); })) {
+    if (const auto failure = Failure([&] { SaveRecord(*record, target); })) {
         Report(err, file, *failure);
         return ExitFailed;
     }

@@ -11,8 +11,8 @@ RecordRegistry& RecordRegistry::Instance() {
     return registry;
 }
 
-void RecordRegistry::Add(Factory create, Printer print) {
-    m_pending.push_back({QString(), std::move(create), std::move(print)});
+void RecordRegistry::Add(Factory create, Printer print, Choices choices) {
+    m_pending.push_back({QString(), std::move(create), std::move(print), std::move(choices)});
     // Past the first lookup, static initialisation is over: name it now so a
     // clash shows where it is made.
     if (m_lookedUp)

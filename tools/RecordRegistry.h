@@ -17,11 +17,14 @@
 namespace tool {
 
 // What the tool knows of one record: the root element name of its files, how
-// to create an empty one and how to write it as a tree.
+// to create an empty one and how to write it as a tree; for a record that
+// refuses texts outside a choice list of its own, the list of a value's
+// element (empty for elements without one).
 struct RecordType {
     QString rootName;
     std::function<std::unique_ptr<KELMORA::IKMObject>()> create;
     std::function<void(const KELMORA::IKMObject&, TreePrinter&)> print;
+    std::function<QStringList(const KELMORA::IKMObject&, const QString&)> choices;
 };
 
 // The records the tool handles, keyed by root element name. Records join it
@@ -37,12 +40,13 @@ class RecordRegistry {
 public:
     using Factory = std::function<std::unique_ptr<KELMORA::IKMObject>()>;
     using Printer = std::function<void(const KELMORA::IKMObject&, TreePrinter&)>;
+    using Choices = std::function<QStringList(const KELMORA::IKMObject&, const QString&)>;
 
     static RecordRegistry& Instance();
 
     // Throws std::logic_error, at the latest on the first lookup, for a
     // record whose root name is empty or already taken.
-    void Add(Factory create, Printer print);
+    void Add(Factory create, Printer print, Choices choices = nullptr);
     const RecordType* Find(const QString& rootName) const;
     // Sorted.
     QStringList RootNames() const;
@@ -65,19 +69,36 @@ private:
 //
 //   void PrintSCU(const KELMORA::SCU& scu, tool::TreePrinter& out) { ... }
 //   const tool::RegisterRecord<KELMORA::SCU> kRegisterSCU(&PrintSCU);
+//
+// A record whose reader refuses texts outside choice lists of its own passes
+// the function that gives the list of an element as well:
+//
+//   QStringList TGNChoices(const KELMORA::TGN& tgn, const QString& element);
 template <class Record> class RegisterRecord {
 public:
     using Printer = void (*)(const Record&, TreePrinter&);
+    using Choices = QStringList (*)(const Record&, const QString&);
 
-    explicit RegisterRecord(Printer printer) {
+    explicit RegisterRecord(Printer printer, Choices choices = nullptr) {
+        RecordRegistry::Choices typedChoices;
+        if (choices)
+            typedChoices = [choices](const KELMORA::IKMObject& record, const QString& element) {
+                return choices(Typed(record), element);
+            };
         RecordRegistry::Instance().Add(
             [] { return std::unique_ptr<KELMORA::IKMObject>(std::make_unique<Record>()); },
             [printer](const KELMORA::IKMObject& record, TreePrinter& out) {
-                const auto* typed = dynamic_cast<const Record*>(&record);
-                if (!typed)
-                    throw std::logic_error("record handed to the printer of another type");
-                printer(*typed, out);
-            });
+                printer(Typed(record), out);
+            },
+            std::move(typedChoices));
+    }
+
+private:
+    static const Record& Typed(const KELMORA::IKMObject& record) {
+        const auto* typed = dynamic_cast<const Record*>(&record);
+        if (!typed)
+            throw std::logic_error("record handed to a function of another type");
+        return *typed;
     }
 };
 

@@ -1,5 +1,6 @@
-// exciter-settings: checks, shows and formats settings files of any record of
-// the library, chosen by the file's root element.
+// exciter-settings: checks, shows, formats, reads, changes and compares
+// settings files of any record of the library, chosen by the file's root
+// element.
 #include "Commands.h"
 #include "RecordRegistry.h"
 
@@ -40,7 +41,7 @@ QString Description() {
                "Commands:\n"
                "  check FILE...         Load and validate each file; prints \"FILE: OK\" or\n"
                "                        \"FILE: <reason>\" per file.\n"
-               "  show FILE             Print the settings as an indented tree.\n"
+               "  show FILE [--json]    Print the settings as an indented tree, or as JSON.\n"
                "  lint FILE...          Report what each file would lose or change without a\n"
                "                        word when loaded and saved: numbers that do not\n"
                "                        convert, flags other than \"true\"/\"false\", texts\n"
@@ -52,16 +53,25 @@ QString Description() {
                "  format FILE [-o OUT]  Write the file back in the library's indented form, to\n"
                "                        OUT or in place. The write is atomic: on failure the\n"
                "                        original stays untouched.\n"
+               "  get FILE PATH...      Print the settings that the paths name, as show prints\n"
+               "                        them (\"TGN/Power\", \"WDE/ExciterList/0/Level\").\n"
+               "  set FILE PATH=VALUE... [--json JSONFILE] [-o OUT] [--force]\n"
+               "                        Change settings and save atomically; refuses what the\n"
+               "                        lint or the record's check would reject.\n"
+               "  diff A B              Print \"PATH: old -> new\" per setting that differs.\n"
+               "\n"
+               "A FILE of \"-\" is standard input, an OUT of \"-\" standard output.\n"
                "\n"
                "Exit status:\n"
                "  0   success\n"
                "  1   check: a file failed validation; lint: a file had findings; format:\n"
                "      the result could not be written (incomplete settings, target not\n"
-               "      writable)\n"
+               "      writable); set: the change was refused or not written; diff: the\n"
+               "      files differ\n"
                "  2   a file could not be read: missing, not well-formed XML, unknown root\n"
                "      element, or rejected by its record while loading (such as an unknown\n"
                "      element); the reason goes to standard error as \"FILE: <reason>\"\n"
-               "  64  wrong usage")
+               "  64  wrong usage, or a path that names no setting")
         .arg(RecordNames(QStringLiteral("names its record:")));
 }
 
@@ -71,44 +81,190 @@ int UsageError(QTextStream& err, const QString& text) {
     return ExitUsage;
 }
 
+// The options that commands share.
+struct Options {
+    QCommandLineOption output{{QStringLiteral("o"), QStringLiteral("output")},
+                              QStringLiteral("Write to OUT instead of rewriting FILE."),
+                              QStringLiteral("OUT")};
+    QCommandLineOption showJson{QStringLiteral("json"), QStringLiteral("Print JSON.")};
+    QCommandLineOption setJson{QStringLiteral("json"),
+                               QStringLiteral("Apply the JSON document (as show --json prints "
+                                              "it; \"-\" for standard input)."),
+                               QStringLiteral("JSONFILE")};
+    QCommandLineOption force{QStringLiteral("force"),
+                             QStringLiteral("Save even what the lint or Check() rejects.")};
+};
+
+// A command: how it adds its arguments to the parser and how it runs.
+struct Command {
+    const char* name;
+    const char* example;
+    void (*setUp)(QCommandLineParser& parser, const Options& options);
+    int (*run)(const QCommandLineParser& parser, const Options& options, QTextStream& out,
+               QTextStream& err);
+};
+
+void FileArgument(QCommandLineParser& parser, const QString& help) {
+    parser.addPositionalArgument(QStringLiteral("FILE"), help);
+}
+
+QStringList Files(const QCommandLineParser& parser) {
+    return parser.positionalArguments().mid(1);
+}
+
+const Command kCommands[] = {
+    {"check", "exciter-settings check examples/*.xml",
+     [](QCommandLineParser& parser, const Options&) {
+         parser.addPositionalArgument(QStringLiteral("check"),
+                                      QStringLiteral("Load and validate each FILE."));
+         parser.addPositionalArgument(QStringLiteral("FILE"),
+                                      QStringLiteral("Settings files to validate."),
+                                      QStringLiteral("FILE..."));
+     },
+     [](const QCommandLineParser& parser, const Options&, QTextStream& out, QTextStream& err) {
+         if (Files(parser).isEmpty())
+             return UsageError(err, QStringLiteral("check needs at least one FILE"));
+         return RunCheck(Files(parser), out, err);
+     }},
+    {"show", "exciter-settings show --json examples/sweep.xml | jq .Exciter_Settings.TGN.Power",
+     [](QCommandLineParser& parser, const Options& options) {
+         parser.addPositionalArgument(QStringLiteral("show"),
+                                      QStringLiteral("Print FILE as a tree."));
+         FileArgument(parser, QStringLiteral("Settings file."));
+         parser.addOption(options.showJson);
+     },
+     [](const QCommandLineParser& parser, const Options& options, QTextStream& out,
+        QTextStream& err) {
+         if (Files(parser).size() != 1)
+             return UsageError(err, QStringLiteral("show takes exactly one FILE"));
+         return parser.isSet(options.showJson) ? RunShowJson(Files(parser).first(), out, err)
+                                               : RunShow(Files(parser).first(), out, err);
+     }},
+    {"lint", "exciter-settings lint examples/*.xml",
+     [](QCommandLineParser& parser, const Options&) {
+         parser.addPositionalArgument(QStringLiteral("lint"),
+                                      QStringLiteral("Report silent losses."));
+         parser.addPositionalArgument(QStringLiteral("FILE"),
+                                      QStringLiteral("Settings files to lint."),
+                                      QStringLiteral("FILE..."));
+     },
+     [](const QCommandLineParser& parser, const Options&, QTextStream& out, QTextStream& err) {
+         if (Files(parser).isEmpty())
+             return UsageError(err, QStringLiteral("lint needs at least one FILE"));
+         return RunLint(Files(parser), out);
+     }},
+    {"format", "exciter-settings format - -o - < examples/sweep.xml",
+     [](QCommandLineParser& parser, const Options& options) {
+         parser.addPositionalArgument(QStringLiteral("format"),
+                                      QStringLiteral("Rewrite FILE, or write OUT."));
+         FileArgument(parser, QStringLiteral("Settings file."));
+         parser.addOption(options.output);
+     },
+     [](const QCommandLineParser& parser, const Options& options, QTextStream&, QTextStream& err) {
+         if (Files(parser).size() != 1)
+             return UsageError(err, QStringLiteral("format takes exactly one FILE"));
+         const QString target =
+             parser.isSet(options.output) ? parser.value(options.output) : Files(parser).first();
+         if (target.isEmpty())
+             return UsageError(err, QStringLiteral("the output file name is empty"));
+         return RunFormat(Files(parser).first(), target, err);
+     }},
+    {"get", "exciter-settings get examples/look_through.xml TGN/Power WDE/ExciterList/1/Level",
+     [](QCommandLineParser& parser, const Options&) {
+         parser.addPositionalArgument(QStringLiteral("get"),
+                                      QStringLiteral("Print the settings that the paths name."));
+         FileArgument(parser, QStringLiteral("Settings file."));
+         parser.addPositionalArgument(QStringLiteral("PATH"),
+                                      QStringLiteral("Settings, such as TGN/Power or "
+                                                     "WDE/ExciterList/0."),
+                                      QStringLiteral("PATH..."));
+     },
+     [](const QCommandLineParser& parser, const Options&, QTextStream& out, QTextStream& err) {
+         const QStringList arguments = Files(parser);
+         if (arguments.size() < 2)
+             return UsageError(err, QStringLiteral("get takes a FILE and at least one PATH"));
+         return RunGet(arguments.first(), arguments.mid(1), out, err);
+     }},
+    {"set", "exciter-settings set installed.xml TGN/Power=-10 WDE/ExciterList/0/Level=-3",
+     [](QCommandLineParser& parser, const Options& options) {
+         parser.addPositionalArgument(QStringLiteral("set"),
+                                      QStringLiteral("Change settings of FILE and save it."));
+         FileArgument(parser, QStringLiteral("Settings file."));
+         parser.addPositionalArgument(
+             QStringLiteral("PATH=VALUE"),
+             QStringLiteral("Changes in order: PATH=VALUE sets a value (an enumeration by its "
+                            "text), LIST/+ adds an item (LIST/+=VALUE to a list of values), "
+                            "PATH=- removes an item or a value."),
+             QStringLiteral("PATH=VALUE..."));
+         parser.addOption(options.setJson);
+         parser.addOption(options.output);
+         parser.addOption(options.force);
+     },
+     [](const QCommandLineParser& parser, const Options& options, QTextStream& out,
+        QTextStream& err) {
+         const QStringList arguments = Files(parser);
+         SetRequest request;
+         request.file = arguments.value(0);
+         request.assignments = arguments.mid(1);
+         request.json = parser.value(options.setJson);
+         request.force = parser.isSet(options.force);
+         request.target =
+             parser.isSet(options.output) ? parser.value(options.output) : request.file;
+         if (request.file.isEmpty() ||
+             (request.assignments.isEmpty() && !parser.isSet(options.setJson)))
+             return UsageError(err, QStringLiteral("set takes a FILE and PATH=VALUE or --json"));
+         if (request.target.isEmpty() || (parser.isSet(options.setJson) && request.json.isEmpty()))
+             return UsageError(err, QStringLiteral("the file name is empty"));
+         if (request.file == StandardStream() && request.json == StandardStream())
+             return UsageError(err,
+                               QStringLiteral("FILE and JSONFILE cannot both be standard input"));
+         return RunSet(request, out, err);
+     }},
+    {"diff", "exciter-settings diff examples/sweep.xml installed.xml",
+     [](QCommandLineParser& parser, const Options&) {
+         parser.addPositionalArgument(QStringLiteral("diff"),
+                                      QStringLiteral("Print the settings that differ."));
+         parser.addPositionalArgument(QStringLiteral("A"), QStringLiteral("Settings file."));
+         parser.addPositionalArgument(QStringLiteral("B"), QStringLiteral("Settings file."));
+     },
+     [](const QCommandLineParser& parser, const Options&, QTextStream& out, QTextStream& err) {
+         const QStringList files = Files(parser);
+         if (files.size() != 2)
+             return UsageError(err, QStringLiteral("diff takes exactly two files"));
+         if (files.at(0) == StandardStream() && files.at(1) == StandardStream())
+             return UsageError(err, QStringLiteral("only one file can be standard input"));
+         return RunDiff(files.at(0), files.at(1), out, err);
+     }},
+};
+
+const Command* FindCommand(const QString& name) {
+    for (const Command& command : kCommands) {
+        if (name == QLatin1String(command.name))
+            return &command;
+    }
+    return nullptr;
+}
+
 int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     QCommandLineParser parser;
     parser.setApplicationDescription(Description());
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("check, show, lint or format."),
+                                 QStringLiteral("check, show, lint, format, get, set or diff."),
                                  QStringLiteral("<command> [<args>]"));
 
     // A first pass finds the command; its own arguments and options are then
     // added so that the second pass and the help text know them.
     parser.parse(arguments);
-    const QString command = parser.positionalArguments().value(0);
-    const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")},
-                                    QStringLiteral("Write to OUT instead of rewriting FILE."),
-                                    QStringLiteral("OUT"));
-    const bool known = command == QLatin1String("check") || command == QLatin1String("show") ||
-                       command == QLatin1String("lint") || command == QLatin1String("format");
-    if (known) {
+    const QString name = parser.positionalArguments().value(0);
+    const Options options;
+    const Command* command = FindCommand(name);
+    if (command) {
         parser.clearPositionalArguments();
-        if (command == QLatin1String("check")) {
-            parser.addPositionalArgument(command, QStringLiteral("Load and validate each FILE."));
-            parser.addPositionalArgument(QStringLiteral("FILE"),
-                                         QStringLiteral("Settings files to validate."),
-                                         QStringLiteral("FILE..."));
-        } else if (command == QLatin1String("lint")) {
-            parser.addPositionalArgument(command, QStringLiteral("Report silent losses."));
-            parser.addPositionalArgument(QStringLiteral("FILE"),
-                                         QStringLiteral("Settings files to lint."),
-                                         QStringLiteral("FILE..."));
-        } else if (command == QLatin1String("show")) {
-            parser.addPositionalArgument(command, QStringLiteral("Print FILE as a tree."));
-            parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Settings file."));
-        } else {
-            parser.addPositionalArgument(command, QStringLiteral("Rewrite FILE, or write OUT."));
-            parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Settings file."));
-            parser.addOption(output);
-        }
+        command->setUp(parser, options);
+        parser.setApplicationDescription(Description() + QStringLiteral("\n\nExample:\n  ") +
+                                         QLatin1String(command->example));
     }
 
     if (!parser.parse(arguments))
@@ -122,30 +278,11 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
             << '\n';
         return ExitSuccess;
     }
-    if (command.isEmpty())
+    if (name.isEmpty())
         return UsageError(err, QStringLiteral("no command given"));
-    if (!known)
-        return UsageError(err, QStringLiteral("unknown command '%1'").arg(command));
-
-    const QStringList files = parser.positionalArguments().mid(1);
-    if (command == QLatin1String("check")) {
-        if (files.isEmpty())
-            return UsageError(err, QStringLiteral("check needs at least one FILE"));
-        return RunCheck(files, out, err);
-    }
-    if (command == QLatin1String("lint")) {
-        if (files.isEmpty())
-            return UsageError(err, QStringLiteral("lint needs at least one FILE"));
-        return RunLint(files, out);
-    }
-    if (files.size() != 1)
-        return UsageError(err, QStringLiteral("%1 takes exactly one FILE").arg(command));
-    if (command == QLatin1String("show"))
-        return RunShow(files.first(), out, err);
-    const QString target = parser.isSet(output) ? parser.value(output) : files.first();
-    if (target.isEmpty())
-        return UsageError(err, QStringLiteral("the output file name is empty"));
-    return RunFormat(files.first(), target, err);
+    if (!command)
+        return UsageError(err, QStringLiteral("unknown command '%1'").arg(name));
+    return command->run(parser, options, out, err);
 }
 
 } // namespace

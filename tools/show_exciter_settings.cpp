@@ -29,6 +29,12 @@ void PrintExciterSettings(const Exciter_Settings& settings, tool::TreePrinter& o
         out.Record(settings.GetWDE());
 }
 
-const tool::RegisterRecord<Exciter_Settings> kRegisterExciterSettings(&PrintExciterSettings);
+QStringList ExciterSettingsChoices(const Exciter_Settings& settings, const QString& element) {
+    return element == Exciter_Settings::GetExciterModeName() ? settings.GetExciterModes()
+                                                             : QStringList();
+}
+
+const tool::RegisterRecord<Exciter_Settings> kRegisterExciterSettings(&PrintExciterSettings,
+                                                                      &ExciterSettingsChoices);
 
 } // namespace

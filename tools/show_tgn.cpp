@@ -55,6 +55,17 @@ void PrintTGN(const TGN& tgn, tool::TreePrinter& out) {
     PrintScanParameter(tgn.GetScanParameter(), out);
 }
 
-const tool::RegisterRecord<TGN> kRegisterTGN(&PrintTGN);
+// The values whose texts the reader takes only from a list of the record's.
+QStringList TGNChoices(const TGN& tgn, const QString& element) {
+    if (element == QLatin1String("LevelSettingsMode"))
+        return tgn.GetLevelSettingsModes();
+    if (element == QLatin1String("Reference"))
+        return tgn.GetReferences();
+    if (element == QLatin1String("TGNModulation"))
+        return tgn.GetTGNModulations();
+    return {};
+}
+
+const tool::RegisterRecord<TGN> kRegisterTGN(&PrintTGN, &TGNChoices);
 
 } // namespace

@@ -37,6 +37,8 @@ protected:
         process.setArguments(arguments);
         process.setWorkingDirectory(m_dir.path());
         process.start();
+        process.write(m_input);
+        process.closeWriteChannel();
         const std::string trace = arguments.join(' ').toStdString();
         EXPECT_TRUE(process.waitForFinished(30000)) << trace;
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << "the tool crashed: " << trace;
@@ -55,6 +57,8 @@ protected:
     }
 
     QTemporaryDir m_dir;
+    // Standard input of the runs.
+    QByteArray m_input;
 };
 
 TEST_F(ToolCommandLine, CheckPrintsOneLinePerFileAndExitsWithTheWorstStatus) {
@@ -218,6 +222,197 @@ TEST_F(ToolCommandLine, ShowPrintsTheWholeTreeAndMarksUnsetValues) {
     const QString continuous = Output({"show", kExamples + "continuous.xml"});
     EXPECT_TRUE(continuous.contains(QLatin1String("  ExciterMode: Continuous\n")));
     EXPECT_TRUE(continuous.endsWith(QLatin1String("      ATT6: false\n"))) << "no WDE section";
+}
+
+const QString kLookThrough = kExamples + "look_through.xml";
+
+TEST_F(ToolCommandLine, GetPrintsValuesAsShowDoesAndNamesTheNamesThereOnAWrongPath) {
+    const struct {
+        QStringList paths;
+        int status;
+        const char* out;
+        const char* err;
+    } cases[] = {
+        {{"TGN/Power", "ExciterMode", "SCU/ATTANTPath/ATT4", "WDE/ExciterList/1/Level"},
+         0,
+         "-12.5\nLook Through\ntrue\n-19\n",
+         ""},
+        // Not written, unset; an attribute; a value of a list that show
+        // prints on one line.
+        {{"TGN/Tone", "WDE/ExciterList/0/Name", "TGN/Frequency/Minimum",
+          "WDE/SimulationList/0/FrequencyList/2"},
+         0,
+         "unset\nunset\n20000000\n25000\n",
+         ""},
+        {{"WDE/ExciterList/1"},
+         0,
+         "[1] WDE_Exciter\n  Version: 0.1\n  Index: 1\n  Name: unset\n  SignalType: CW\n"
+         "  SymbolRate: 9600\n  FrequencyShift: unset\n  Level: -19\n",
+         ""},
+        {{"TGN/Power", "TGN/Powr"},
+         64,
+         "-12.5\n",
+         ": No 'Powr' in 'TGN'; names there: Version, Frequency, Bandwidth, Power, "
+         "LevelSettingsMode, Reference, TGNModulation, Tone, ToneStop, ToneStart, AMDepth, "
+         "SweepActive, SweepSpacing, SweepDwellTime, FMCoupling, FMInput, FMDeviation, NoiseLevel, "
+         "IQModulationState, IQModulationSource, BBINState, ScanParameter\n"},
+        {{"WDE/ExciterList/2/Level"}, 64, "", ": No '2' in 'WDE/ExciterList'; names there: 0, 1\n"},
+        {{"Modus"},
+         64,
+         "",
+         ": No 'Modus' in 'Exciter_Settings'; names there: Version, ExciterMode, Autostart, TGN, "
+         "SCU, WDE\n"},
+    };
+    for (const auto& get : cases)
+        EXPECT_EQ(Output(QStringList{"get", kLookThrough} + get.paths, get.status,
+                         *get.err ? kLookThrough + get.err : QString()),
+                  get.out);
+}
+
+// Each change is checked by what diff finds between the file and the result.
+TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
+    const QString refused = kLookThrough + ": not saved (--force saves it anyway)\n";
+    const struct {
+        QStringList changes;
+        int status;
+        QString err;
+        const char* differences;
+    } cases[] = {
+        {{"TGN/Power=-10", "TGN/Tone=1000", "WDE/Mode=EX", "WDE/ExciterList/0/Name=First"},
+         0,
+         {},
+         "TGN/Power: -12.5 -> -10\nTGN/Tone: unset -> 1000\nWDE/Mode: DETX -> EX\n"
+         "WDE/ExciterList/0/Name: unset -> First\n"},
+        {{"WDE/ExciterList/+", "WDE/ExciterList/2/SignalType=CW", "WDE/ExciterList/2/Level=-3",
+          "WDE/SimulationList/0/FrequencyList/+=50000", "WDE/ExciterList/0=-"},
+         0,
+         {},
+         "WDE/ExciterList/0/Index: 0 -> 1\nWDE/ExciterList/0/SignalType: FSK2 -> CW\n"
+         "WDE/ExciterList/0/FrequencyShift: 4800 -> unset\nWDE/ExciterList/0/Level: -20 -> -19\n"
+         "WDE/ExciterList/1/Index: 1 -> 2\nWDE/ExciterList/1/SymbolRate: 9600 -> -111111\n"
+         "WDE/ExciterList/1/Level: -19 -> -3\n"
+         "WDE/SimulationList/0/FrequencyList/3: (none) -> 50000\n"},
+        {{"ExciterMode=Continuous", "WDE=-"}, 0, {}, nullptr},
+        // The record's own reader refuses a text outside its choice list;
+        // the tool adds the choices.
+        {{"TGN/Reference=Intern", "ExciterMode=Sweep"},
+         1,
+         kLookThrough + ": TGN: Unknown Reference 'Intern' (Reference choices: intern, extern)\n",
+         ""},
+        {{"SCU/TransmitTime=0.0004"},
+         1,
+         kLookThrough +
+             ": SCU/TransmitTime: '0.0004' is saved as '0.00': TransmitTime keeps two "
+             "decimals\n" +
+             refused,
+         ""},
+        {{"WDE/AttenuationMode=Normal"},
+         1,
+         kLookThrough +
+             ": WDE/AttenuationMode: 'Normal' is not an AttenuationMode (choices: "
+             "LOWNOISE, NORMAL, LOWDISTORT)\n" +
+             refused,
+         ""},
+        {{"SCU/TransmitTime=-"},
+         1,
+         kLookThrough +
+             ": SCU: 'SCU' is incomplete (SCU: Please set TransmitTime!): nothing is "
+             "saved\n" +
+             kLookThrough + ": SCU: Please set TransmitTime!\n" + refused,
+         ""},
+        {{"SCU/TransmitTime=0.0004", "--force"}, 0, {}, "SCU/TransmitTime: 2.5 -> 0\n"},
+        {{"SCU/Powr=1"},
+         64,
+         kLookThrough + ": No 'Powr' in 'SCU'; names there: Version, Frequency, TransmitTime, "
+                        "ATTANTPath\n",
+         ""},
+        {{"SCU/ATTANTPath/+"},
+         64,
+         kLookThrough + ": 'SCU/ATTANTPath' is not a list that holds items; '+' adds items only "
+                        "to such a list\n",
+         ""},
+    };
+    for (const auto& set : cases) {
+        SCOPED_TRACE(set.changes.join(' ').toStdString());
+        QFile::remove(m_dir.filePath("out.xml"));
+        const QStringList arguments =
+            QStringList{"set", kLookThrough, "-o", "out.xml"} + set.changes;
+        EXPECT_EQ(Output(arguments, set.status, set.err), "");
+        EXPECT_EQ(QFile::exists(m_dir.filePath("out.xml")), set.status == 0);
+        if (set.status == 0 && set.differences) {
+            EXPECT_EQ(Output({"diff", kLookThrough, "out.xml"}, 1), set.differences);
+        }
+    }
+    // In place, through the record's save.
+    Write("copy.xml", testsupport::FileContents(kLookThrough));
+    EXPECT_EQ(Output({"set", "copy.xml", "TGN/Power=-11"}), "");
+    EXPECT_EQ(Output({"get", "copy.xml", "TGN/Power"}), "-11\n");
+}
+
+TEST_F(ToolCommandLine, DiffComparesTheSettingsByValue) {
+    const QByteArray original = testsupport::FileContents(kLookThrough);
+    const struct {
+        const char* from;
+        const char* to;
+        int status;
+        const char* out;
+    } cases[] = {
+        {">433920000</Frequency>\n        <Bandwidth>200000<",
+         ">4.3392e8</Frequency>\n        <Bandwidth>200000.000<", 0, ""},
+        {"<Power>-12.50</Power>", "<Power>-12.25</Power>", 1, "TGN/Power: -12.5 -> -12.25\n"},
+        {"<Autostart>true<", "<Autostart>false<", 1, "Autostart: true -> false\n"},
+        {" Name=\"Uplink\"", "", 1, "WDE/SinglechanneldetectorList/0/Name: Uplink -> unset\n"},
+        {"<GuardTime>", "<GuardTme>1</GuardTme><GuardTime>", 0, ""},
+    };
+    for (const auto& change : cases) {
+        SCOPED_TRACE(change.to);
+        Write("b.xml", QByteArray(original).replace(change.from, change.to));
+        EXPECT_EQ(Output({"diff", kLookThrough, "b.xml"}, change.status), change.out);
+    }
+    Write("changed.xml", QByteArray(testsupport::FileContents(kExample))
+                             .replace("<ATT1>true<", "<ATT1>false<")
+                             .replace("<ATT3>false<", "<ATT3>true<"));
+    EXPECT_EQ(Output({"diff", kExample, "changed.xml"}, 1),
+              "ATT1: true -> false\nATT3: false -> true\n");
+    // An incomplete record writes no settings to compare.
+    EXPECT_EQ(Output({"diff", kExample, "incomplete.xml"}, 2,
+                     "incomplete.xml: ATTANTPath writes no settings while incomplete (ATTANTPath: "
+                     "Please set ATT4!)\n"),
+              "");
+    EXPECT_EQ(Output({"diff", "missing.xml", kExample}, 2,
+                     "missing.xml: Cannot open for reading: No such file or directory\n"),
+              "");
+}
+
+// show --json, changed by a script, and set --json of it; and back.
+TEST_F(ToolCommandLine, JsonRoundTripsAndPipesUseStandardStreams) {
+    for (const char* example :
+         {"look_through.xml", "sweep.xml", "continuous.xml", "attantpath.xml"}) {
+        const QString file = kExamples + example;
+        SCOPED_TRACE(example);
+        m_input = Output({"show", "--json", file}).toUtf8();
+        EXPECT_EQ(Output({"set", file, "--json", "-", "-o", "out.xml"}), "");
+        EXPECT_EQ(Output({"diff", file, "out.xml"}), "");
+        m_input = testsupport::FileContents(file);
+        EXPECT_EQ(Output({"format", "-", "-o", "-"}), Output({"format", file, "-o", "-"}));
+        EXPECT_EQ(Output({"show", "-"}), Output({"show", file}));
+    }
+    QString json = Output({"show", "--json", kLookThrough})
+                       .replace("\"Power\": -12.5", "\"Power\": -3")
+                       .replace("\"Tone\": null", "\"Tone\": 1000");
+    EXPECT_TRUE(json.contains("\"Autostart\": true"));
+    // The first exciter's Name, unset, comes as a plain key; it is an
+    // attribute.
+    const QString name = QStringLiteral("\"Name\": null");
+    m_input = json.replace(json.indexOf(name), name.size(), R"("Name": "X")").toUtf8();
+    EXPECT_EQ(Output({"set", kLookThrough, "--json", "-", "-o", "out.xml"}), "");
+    EXPECT_EQ(
+        Output({"diff", kLookThrough, "out.xml"}, 1),
+        "TGN/Power: -12.5 -> -3\nTGN/Tone: unset -> 1000\nWDE/ExciterList/0/Name: unset -> X\n");
+    m_input = R"({"Exciter_Settings": {"TGN": {"Reference": "Intern"}}})";
+    Output({"set", kLookThrough, "--json", "-", "-o", "out.xml"}, 1,
+           kLookThrough +
+               ": TGN: Unknown Reference 'Intern' (Reference choices: intern, extern)\n");
 }
 
 } // namespace

@@ -1,0 +1,532 @@
+// get, set, diff and show --json: commands on the settings as the records
+// write them (see SettingsDocument).
+#include "Commands.h"
+#include "RecordRegistry.h"
+#include "SettingsDocument.h"
+#include "TreePrinter.h"
+
+#include <KMException.h>
+#include <ReadObserver.h>
+#include <RecordKinds.h>
+#include <SettingsLint.h>
+#include <SettingsPath.h>
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace tool {
+
+namespace {
+
+using KELMORA::KMException;
+using KELMORA::SettingsPath;
+
+const QString kAdd = QStringLiteral("+");
+const QString kRemove = QStringLiteral("-");
+const QString kNone = QStringLiteral("(none)");
+
+// A path that names nothing: wrong usage, with the names there are.
+class PathError : public KMException {
+public:
+    using KMException::KMException;
+};
+
+QString LevelName(const QStringList& segments, int depth, const QString& rootName) {
+    return depth == 0 ? rootName : SettingsPath::Print(segments.mid(0, depth));
+}
+
+[[noreturn]] void ThrowNoSuchName(const QStringList& segments, int depth, const QString& rootName,
+                                  QStringList names) {
+    names.removeDuplicates();
+    throw PathError(
+        QStringLiteral("No '%1' in '%2'; names there: %3")
+            .arg(segments.at(depth), LevelName(segments, depth, rootName),
+                 names.isEmpty() ? QStringLiteral("nothing") : names.join(QStringLiteral(", "))));
+}
+
+// The names at a level: the written children and attributes, and what show
+// prints there (values that are unset are not written).
+QStringList NamesAt(const SettingsNode* written, const ShowNode* shown) {
+    QStringList names;
+    if (shown)
+        names = shown->Segments();
+    if (written) {
+        names += written->Segments();
+        for (const auto& attribute : written->attributes)
+            names.append(attribute.first);
+    }
+    names.removeDuplicates();
+    return names;
+}
+
+// The show node for a path that the show tree may lack.
+const ShowNode* ShownAt(const ShowTree& shown, const QStringList& segments) {
+    return shown.Find(segments);
+}
+
+// A written value as show prints it: "unset" where show says so.
+QString ValueText(const SettingsNode& node, const QStringList& path, const ShowTree& shown) {
+    const ShowNode* show = ShownAt(shown, path);
+    if (show && show->value.isNull())
+        show = show->Child(QStringLiteral("Value"));
+    if ((show && show->value == TreePrinter::UnsetText()) || node.text.isEmpty())
+        return TreePrinter::UnsetText();
+    return DisplayValue(node.text);
+}
+
+// Loads a record, reporting on err; status 0 or 2.
+int Load(const QString& file, std::unique_ptr<KELMORA::IKMObject>& record, QTextStream& err) {
+    if (const auto failure = Failure([&] { record = LoadRecord(file); })) {
+        Report(err, file, *failure);
+        return ExitUnreadable;
+    }
+    return ExitSuccess;
+}
+
+QString GetOne(const KELMORA::IKMObject& record, const ShowTree& shown, const QString& path) {
+    const QStringList segments = SettingsPath::Parse(path);
+    if (const ShowNode* node = shown.Find(segments))
+        return node->children.empty() ? node->value + QLatin1Char('\n') : shown.Text(*node);
+    const SettingsDocument document(record);
+    // What show prints on one line, such as a list of numbers, the written
+    // tree names item by item.
+    if (const SettingsNode* node = document.Find(segments); node && node->IsValue())
+        return ValueText(*node, segments, shown) + QLatin1Char('\n');
+    const ShowNode* level = &shown.Root();
+    int depth = 0;
+    while (depth < segments.size() && level->Child(segments.at(depth)))
+        level = level->Child(segments.at(depth++));
+    SettingsNode* reached = nullptr;
+    document.Find(segments.mid(0, depth), &reached);
+    ThrowNoSuchName(segments, depth, record.GetObjectName(),
+                    NamesAt(reached && depth > 0 ? reached : nullptr, level));
+}
+
+// The item element that a list gets added: a fresh record of the items'
+// kind as it writes itself, else an empty element like the first item.
+std::unique_ptr<SettingsNode> NewItem(const SettingsNode& list, const SettingsDocument& document) {
+    const SettingsNode& model = *list.children.front();
+    std::unique_ptr<SettingsNode> item;
+    if (!model.IsValue()) {
+        if (const auto fresh = KELMORA::RecordKinds::Create(model.name)) {
+            const QString xml = fresh->GetXmlString();
+            if (!xml.isEmpty())
+                item = SettingsDocument(xml, document.RecordNames()).Root().Copy();
+        }
+    }
+    if (!item) {
+        item = std::make_unique<SettingsNode>();
+        item->name = model.name;
+        for (const auto& attribute : model.attributes) {
+            if (attribute.first != QLatin1String("Name"))
+                item->attributes.append(attribute);
+        }
+    }
+    if (!model.Attribute(QStringLiteral("Index")).isNull())
+        item->SetAttribute(QStringLiteral("Index"), QString::number(list.children.size()));
+    return item;
+}
+
+// Counts the elements that the records pass over while reading.
+class PassedOverCounter : public KELMORA::ReadObserver {
+public:
+    void RecordEntered(const KELMORA::IKMObject& /*record*/,
+                       const QXmlStreamReader& /*reader*/) override {}
+    void ChildStarted(const KELMORA::IKMObject& /*record*/, const QXmlStreamReader& /*reader*/,
+                      qint64 /*line*/, qint64 /*column*/) override {}
+    void ChildEnded(const KELMORA::IKMObject& /*record*/, const QXmlStreamReader& /*reader*/,
+                    bool passedOver) override {
+        count += passedOver ? 1 : 0;
+    }
+    void ValueRead(const QString& /*text*/) override {}
+
+    int count = 0;
+};
+
+// How many elements the record passes over when reading the document; 0
+// for a document that it rejects (reported when it is saved).
+int PassedOver(const SettingsDocument& document) {
+    const auto record = KELMORA::RecordKinds::Create(document.Root().name);
+    if (!record)
+        return 0;
+    PassedOverCounter counter;
+    const KELMORA::ReadObserver::Scope watching(counter);
+    record->SetValidate(false);
+    if (Failure([&] { record->SetXmlString(document.Xml()); }))
+        return 0;
+    return counter.count;
+}
+
+void Remove(SettingsNode& node) {
+    auto& siblings = node.parent->children;
+    siblings.erase(std::find_if(siblings.begin(), siblings.end(),
+                                [&](const auto& child) { return child.get() == &node; }));
+}
+
+// Values added as elements that the record passes over become attributes
+// of their records: a setting that show prints but that is not written may
+// be one (an item's Name), and only the record's reading tells. A value
+// stays an element unless the attribute is read where the element was not.
+void KeepWhereRead(SettingsDocument& document, const std::vector<SettingsNode*>& values) {
+    int passedOver = PassedOver(document);
+    for (SettingsNode* value : values) {
+        if (passedOver == 0)
+            return;
+        SettingsNode& parent = *value->parent;
+        std::unique_ptr<SettingsNode> element = value->Copy();
+        Remove(*value);
+        parent.SetAttribute(element->name, element->text);
+        const int after = PassedOver(document);
+        if (after < passedOver) {
+            passedOver = after;
+        } else {
+            parent.RemoveAttribute(element->name);
+            parent.Append(std::move(element));
+        }
+    }
+}
+
+// The record's message for a refused document, with the choices of each
+// value that lies outside its record's own choice list. The values that
+// the file held were read by the record, so only those given can.
+void AddChoices(QString& message, const SettingsNode& node) {
+    const RecordType* type = RecordRegistry::Instance().Find(node.name);
+    std::unique_ptr<KELMORA::IKMObject> record;
+    for (const auto& child : node.children) {
+        if (!child->IsValue()) {
+            AddChoices(message, *child);
+            continue;
+        }
+        if (!type || !type->choices || child->text.isEmpty())
+            continue;
+        if (!record)
+            record = type->create();
+        const QStringList choices = type->choices(*record, child->name);
+        if (!choices.isEmpty() && !choices.contains(child->text))
+            message += QStringLiteral(" (%1 choices: %2)")
+                           .arg(child->name, choices.join(QStringLiteral(", ")));
+    }
+}
+
+// Applies one "PATH=VALUE" to the document.
+void Assign(SettingsDocument& document, const ShowTree& shown, const QString& assignment) {
+    const int equals = assignment.indexOf(QLatin1Char('='));
+    const QString path = equals < 0 ? assignment : assignment.left(equals);
+    const QString value = equals < 0 ? QString() : assignment.mid(equals + 1);
+    QStringList segments = SettingsPath::Parse(path);
+    const QString rootName = document.Root().name;
+    if (segments.isEmpty())
+        throw PathError(QStringLiteral("'%1' names no setting").arg(assignment));
+    const bool adding = segments.last() == kAdd;
+    if (equals < 0 && !adding)
+        throw PathError(QStringLiteral("'%1' gives no value: PATH=VALUE").arg(assignment));
+    if (adding)
+        segments.removeLast();
+
+    // Walk the written tree; records that are not written yet but that show
+    // prints are created on the way.
+    SettingsNode* node = &document.Root();
+    for (int depth = 0; depth < segments.size(); ++depth) {
+        const QString& segment = segments.at(depth);
+        if (SettingsNode* child = node->Child(segment)) {
+            node = child;
+            continue;
+        }
+        const ShowNode* show = ShownAt(shown, segments.mid(0, depth));
+        const bool last = depth + 1 == segments.size();
+        if (last && !adding && !node->Attribute(segment).isNull()) {
+            node->SetAttribute(segment, value);
+            return;
+        }
+        if (last && !adding && node->IsValue() && segment == QLatin1String("Value") &&
+            !node->attributes.isEmpty()) {
+            node->text = value;
+            return;
+        }
+        const ShowNode* known = show ? show->Child(segment) : nullptr;
+        if (!known || node->wrapper || (!last && known->children.empty()))
+            ThrowNoSuchName(segments, depth, rootName, NamesAt(node, show));
+        if (!last && !known->value.isNull())
+            throw PathError(
+                QStringLiteral("'%1' is an empty list; '+' adds items only to a list that holds "
+                               "some already")
+                    .arg(SettingsPath::Print(segments.mid(0, depth + 1))));
+        auto created = std::make_unique<SettingsNode>();
+        created->name = segment;
+        created->text = value;
+        node = &node->Append(std::move(created));
+        if (last && !adding) {
+            KeepWhereRead(document, {node});
+            return;
+        }
+    }
+
+    if (adding) {
+        if (!node->wrapper || node->children.empty())
+            throw PathError(QStringLiteral("'%1' is not a list that holds items; '+' adds items "
+                                           "only to such a list")
+                                .arg(SettingsPath::Print(segments)));
+        std::unique_ptr<SettingsNode> item = NewItem(*node, document);
+        if (equals >= 0) {
+            if (!item->IsValue())
+                throw PathError(QStringLiteral("'%1': the items are records; add one with "
+                                               "'%2/+', then set its values by position")
+                                    .arg(assignment, path.left(path.size() - 2)));
+            item->text = value;
+        }
+        node->Append(std::move(item));
+        return;
+    }
+    if (node == &document.Root())
+        throw PathError(QStringLiteral("'%1' names no setting").arg(assignment));
+    if (value == kRemove) {
+        Remove(*node);
+        return;
+    }
+    if (!node->IsValue())
+        throw PathError(QStringLiteral("'%1' is a record or a list, not a value").arg(path));
+    node->text = value;
+}
+
+// Reads the changed document into a fresh record, refuses what the lint
+// finds or Check() rejects unless forced, and saves.
+int Save(const SetRequest& request, const SettingsDocument& document, QTextStream& err) {
+    const QString xml = document.Xml();
+    std::unique_ptr<KELMORA::IKMObject> record =
+        KELMORA::RecordKinds::Create(KELMORA::RecordKinds::RootNameOfXmlString(xml));
+    if (!record)
+        throw KMException(QStringLiteral("The changed document names no record"));
+    if (const auto failure = Failure([&] { record->SetXmlString(xml); })) {
+        QString message = *failure;
+        AddChoices(message, document.Root());
+        Report(err, request.file, message);
+        return ExitFailed;
+    }
+    bool refused = false;
+    if (!request.force) {
+        for (const KELMORA::LintFinding& finding : KELMORA::SettingsLint::LintXmlString(xml)) {
+            Report(err, request.file,
+                   finding.path.isEmpty() ? finding.message
+                                          : finding.path + QStringLiteral(": ") + finding.message);
+            refused = true;
+        }
+        if (const auto failure = Failure([&] { record->Check(); })) {
+            Report(err, request.file, *failure);
+            refused = true;
+        }
+    }
+    if (refused) {
+        Report(err, request.file, QStringLiteral("not saved (--force saves it anyway)"));
+        return ExitFailed;
+    }
+    if (const auto failure = Failure([&] { SaveRecord(*record, request.target); })) {
+        Report(err, request.file, *failure);
+        return ExitFailed;
+    }
+    return ExitSuccess;
+}
+
+QJsonValue ReadJson(const QString& file) {
+    QByteArray data;
+    if (file == StandardStream()) {
+        data = StandardInput().toUtf8();
+    } else {
+        QFile input(file);
+        if (!input.open(QIODevice::ReadOnly))
+            throw KMException(
+                QStringLiteral("Cannot open '%1' for reading: %2").arg(file, input.errorString()));
+        data = input.readAll();
+    }
+    QJsonParseError error{};
+    const QJsonDocument json = QJsonDocument::fromJson(data, &error);
+    if (error.error != QJsonParseError::NoError)
+        throw KMException(QStringLiteral("'%1' is not JSON: %2 at offset %3")
+                              .arg(file, error.errorString())
+                              .arg(error.offset));
+    return json.object();
+}
+
+class Differences {
+public:
+    Differences(const ShowTree& firstShown, const ShowTree& secondShown, QTextStream& out)
+        : m_shown{&firstShown, &secondShown}, m_out(out) {}
+
+    int count = 0;
+
+    void Compare(const SettingsNode& first, const SettingsNode& second, QStringList& path) {
+        QStringList attributes;
+        for (const auto& attribute : first.attributes)
+            attributes.append(attribute.first);
+        for (const auto& attribute : second.attributes)
+            attributes.append(attribute.first);
+        attributes.removeDuplicates();
+        for (const QString& name : attributes) {
+            const QString a = first.Attribute(name);
+            const QString b = second.Attribute(name);
+            if (a.isNull() != b.isNull() || !SameValue(a, b))
+                Line(path + QStringList{name},
+                     a.isNull() ? TreePrinter::UnsetText() : DisplayValue(a),
+                     b.isNull() ? TreePrinter::UnsetText() : DisplayValue(b));
+        }
+        if (first.IsValue() && second.IsValue()) {
+            const QString a = ValueText(first, path, *m_shown[0]);
+            const QString b = ValueText(second, path, *m_shown[1]);
+            if (!SameValue(a, b))
+                Line(path, a, b);
+            return;
+        }
+        QStringList segments = first.Segments();
+        segments += second.Segments();
+        segments.removeDuplicates();
+        for (const QString& segment : segments) {
+            path.append(segment);
+            const SettingsNode* a = first.Child(segment);
+            const SettingsNode* b = second.Child(segment);
+            if (a && b)
+                Compare(*a, *b, path);
+            else
+                OneSided(a ? *a : *b, path, a != nullptr);
+            path.removeLast();
+        }
+    }
+
+private:
+    // A node that only one document has.
+    void OneSided(const SettingsNode& node, QStringList& path, bool inFirst) {
+        if (node.wrapper) {
+            for (int position = 0; position < static_cast<int>(node.children.size()); ++position) {
+                path.append(SettingsPath::ItemSegment(position));
+                OneSided(*node.children[static_cast<size_t>(position)], path, inFirst);
+                path.removeLast();
+            }
+            return;
+        }
+        const QString text =
+            node.IsValue() ? ValueText(node, path, *m_shown[inFirst ? 0 : 1]) : node.name;
+        // A value that is not written is unset; an item or record is absent.
+        const bool item = node.parent && node.parent->wrapper;
+        const QString absent = node.IsValue() && !item ? TreePrinter::UnsetText() : kNone;
+        if (text != absent)
+            Line(path, inFirst ? text : absent, inFirst ? absent : text);
+    }
+
+    void Line(const QStringList& path, const QString& a, const QString& b) {
+        m_out << SettingsPath::Print(path) << ": " << a << " -> " << b << '\n';
+        ++count;
+    }
+
+    const ShowTree* m_shown[2];
+    QTextStream& m_out;
+};
+
+} // namespace
+
+int RunGet(const QString& file, const QStringList& paths, QTextStream& out, QTextStream& err) {
+    std::unique_ptr<KELMORA::IKMObject> record;
+    if (const int status = Load(file, record, err))
+        return status;
+    const ShowTree shown(*record);
+    for (const QString& path : paths) {
+        try {
+            out << GetOne(*record, shown, path);
+        } catch (const KMException& failure) {
+            out.flush();
+            Report(err, file, failure.GetMessage());
+            return ExitUsage;
+        }
+    }
+    out.flush();
+    return ExitSuccess;
+}
+
+int RunShowJson(const QString& file, QTextStream& out, QTextStream& err) {
+    std::unique_ptr<KELMORA::IKMObject> record;
+    if (const int status = Load(file, record, err))
+        return status;
+    const ShowTree shown(*record);
+    QByteArray json;
+    if (const auto failure = Failure([&] {
+            json = QJsonDocument(SettingsDocument(*record).ToJson(shown).toObject())
+                       .toJson(QJsonDocument::Indented);
+        })) {
+        Report(err, file, *failure);
+        return ExitUnreadable;
+    }
+    out << QString::fromUtf8(json);
+    out.flush();
+    return ExitSuccess;
+}
+
+int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
+    std::unique_ptr<KELMORA::IKMObject> record;
+    if (const int status = Load(request.file, record, err))
+        return status;
+    const ShowTree shown(*record);
+    std::unique_ptr<SettingsDocument> written;
+    if (const auto failure =
+            Failure([&] { written = std::make_unique<SettingsDocument>(*record); })) {
+        Report(err, request.file, *failure);
+        return ExitFailed;
+    }
+    SettingsDocument& document = *written;
+    if (!request.json.isEmpty()) {
+        std::unique_ptr<SettingsNode> changes;
+        if (const auto failure =
+                Failure([&] { changes = SettingsDocument::FromJson(ReadJson(request.json)); })) {
+            Report(err, request.json, *failure);
+            return ExitUnreadable;
+        }
+        std::vector<SettingsNode*> added;
+        if (const auto failure = Failure([&] { added = document.Apply(*changes); })) {
+            Report(err, request.json, *failure);
+            return ExitFailed;
+        }
+        // An unset attribute (an item's Name) comes as a plain key; the
+        // record's reading tells.
+        KeepWhereRead(document, added);
+    }
+    for (const QString& assignment : request.assignments) {
+        try {
+            Assign(document, shown, assignment);
+        } catch (const KMException& failure) {
+            Report(err, request.file, failure.GetMessage());
+            return ExitUsage;
+        }
+    }
+    return Save(request, document, err);
+}
+
+int RunDiff(const QString& first, const QString& second, QTextStream& out, QTextStream& err) {
+    std::unique_ptr<KELMORA::IKMObject> records[2];
+    const int a = Load(first, records[0], err);
+    const int b = Load(second, records[1], err);
+    if (a || b)
+        return ExitUnreadable;
+    const ShowTree firstShown(*records[0]);
+    const ShowTree secondShown(*records[1]);
+    std::unique_ptr<SettingsDocument> documents[2];
+    for (int side = 0; side < 2; ++side) {
+        if (const auto failure = Failure(
+                [&] { documents[side] = std::make_unique<SettingsDocument>(*records[side]); })) {
+            Report(err, side == 0 ? first : second, *failure);
+            return ExitUnreadable;
+        }
+    }
+    const SettingsDocument& firstDocument = *documents[0];
+    const SettingsDocument& secondDocument = *documents[1];
+    Differences differences(firstShown, secondShown, out);
+    QStringList path;
+    if (firstDocument.Root().name != secondDocument.Root().name) {
+        out << ": " << firstDocument.Root().name << " -> " << secondDocument.Root().name << '\n';
+        out.flush();
+        return ExitFailed;
+    }
+    differences.Compare(firstDocument.Root(), secondDocument.Root(), path);
+    out.flush();
+    return differences.count == 0 ? ExitSuccess : ExitFailed;
+}
+
+} // namespace tool
