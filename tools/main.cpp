@@ -51,6 +51,8 @@ QString Description() {
                "  format FILE [-o OUT]  Write the file back in the library's indented form, to\n"
                "                        OUT or in place. The write is atomic: on failure the\n"
                "                        original stays untouched.\n"
+               "  schema                Print the XML Schema (XSD 1.0) of the settings files,\n"
+               "                        for editors and validators (xmllint --schema).\n"
                "\n"
                "Exit status:\n"
                "  0   success\n"
@@ -76,7 +78,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("check, show, lint or format."),
+                                 QStringLiteral("check, show, lint, format or schema."),
                                  QStringLiteral("<command> [<args>]"));
 
     // A first pass finds the command; its own arguments and options are then
@@ -87,7 +89,8 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
                                     QStringLiteral("Write to OUT instead of rewriting FILE."),
                                     QStringLiteral("OUT"));
     const bool known = command == QLatin1String("check") || command == QLatin1String("show") ||
-                       command == QLatin1String("lint") || command == QLatin1String("format");
+                       command == QLatin1String("lint") || command == QLatin1String("format") ||
+                       command == QLatin1String("schema");
     if (known) {
         parser.clearPositionalArguments();
         if (command == QLatin1String("check")) {
@@ -103,6 +106,8 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
         } else if (command == QLatin1String("show")) {
             parser.addPositionalArgument(command, QStringLiteral("Print FILE as a tree."));
             parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Settings file."));
+        } else if (command == QLatin1String("schema")) {
+            parser.addPositionalArgument(command, QStringLiteral("Print the XML Schema."));
         } else {
             parser.addPositionalArgument(command, QStringLiteral("Rewrite FILE, or write OUT."));
             parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Settings file."));
@@ -127,6 +132,11 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
         return UsageError(err, QStringLiteral("unknown command '%1'").arg(command));
 
     const QStringList files = parser.positionalArguments().mid(1);
+    if (command == QLatin1String("schema")) {
+        if (!files.isEmpty())
+            return UsageError(err, QStringLiteral("schema takes no FILE"));
+        return RunSchema(out, err);
+    }
     if (command == QLatin1String("check")) {
         if (files.isEmpty())
             return UsageError(err, QStringLiteral("check needs at least one FILE"));

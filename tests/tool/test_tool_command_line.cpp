@@ -129,6 +129,7 @@ TEST_F(ToolCommandLine, FormatWritesTheLibrarysFormAndLeavesTheFileAloneOnFailur
 
 TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     EXPECT_EQ(Output({"--version"}), "exciter-settings " PROJECT_VERSION_TEXT "\n");
+    EXPECT_EQ(Output({"schema"}), QString::fromUtf8(testsupport::FileContents(SCHEMA_FILE)));
     const QString help = Output({"--help"});
     for (const char* expected : {"check FILE...", "show FILE", "format FILE [-o OUT]", "ATTANTPath",
                                  "WDE_Singlechanneldetector.", "2   a file could not be read"})
@@ -140,6 +141,7 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
         {{"validate", kExample}, "unknown command 'validate'"},
         {{"check"}, "check needs at least one FILE"},
         {{"show", kExample, kExample}, "show takes exactly one FILE"},
+        {{"schema", kExample}, "schema takes no FILE"},
         {{"check", "-o", "x.xml", kExample}, "Unknown option 'o'."},
     };
     for (const auto& wrong : wrongUsages)
@@ -170,7 +172,6 @@ TEST_F(ToolCommandLine, ShowPrintsTheWholeTreeAndMarksUnsetValues) {
     const QString lookThrough = Output({"show", kExamples + "look_through.xml"});
     const char* const expectedParts[] = {
         "Exciter_Settings\n  Version: 1.0\n  ExciterMode: Look Through\n  Autostart: true\n  TGN\n",
-        "    AMDepth: unset\n",
         "    ScanParameter\n      StartFrequency: unset\n",
         "  SCU\n    Version: 1.0\n    Frequency\n      Value: 433920000\n",
         "    TransmitTime: 2.5\n    ATTANTPath\n      ATT1: true\n",
