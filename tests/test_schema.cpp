@@ -21,8 +21,8 @@
 #include <algorithm>
 #include <cfloat>
 #include <climits>
-#include <cmath>
 #include <iterator>
+#include <limits>
 #include <string>
 
 using namespace KELMORA;
@@ -136,14 +136,17 @@ Validation Validate(const QMap<QString, QString>& documents) {
 
 // ---- Documents written by the records ----
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
 // Values cycled through every number field: the forms each number format
 // takes, the rounding cases, the unset markers' neighbours, the extremes and
 // what Qt writes for infinities and NaN. An odd count, so that the optional
 // values of odd variants meet every entry too.
 const double kDoubles[] = {
-    0,        -0.0,           1,         -1,       0.5,     12.5,        -3.456,
-    1e-05,    0.000123456789, 1234567,   999999.5, 1e300,   -1e-300,     5e-324,
-    DBL_MAX,  INFINITY,       -INFINITY, NAN,      -111111, -111111.111, -111111.105,
+    0,        -0.0,           1,          -1,       0.5,     12.5,        -3.456,
+    1e-05,    0.000123456789, 1234567,    999999.5, 1e300,   -1e-300,     5e-324,
+    DBL_MAX,  kInfinity,      -kInfinity, kNaN,     -111111, -111111.111, -111111.105,
     433.92e6, 0.004};
 const int kIntegers[] = {0, -1, 42, INT_MAX, INT_MIN, -111110, 7};
 const unsigned int kUnsigned[] = {0, 1, 4294967294u, 4294967295u, 12};
@@ -476,7 +479,7 @@ TEST(Schema, ValidExamplesPassAndDamagedDocumentsFail) {
         {"<ExciterSet>1<", "<ExciterSet>-1<"},                             // not unsigned
         {"Index=\"1\"", "Index=\"one\""},                                  // not an index
         {"HBe6rlB<", "HBe6rl<"},                                           // Base64 cut short
-        {"<WDE Version=\"0.1\">", "<WDE Version=\"0.1\" Revision=\"2\">"}, // unknown attribute
+        {R"(<WDE Version="0.1">)", R"(<WDE Version="0.1" Revision="2">)"}, // unknown attribute
         {"<Power>-12.50</Power>", ""},                              // required element missing
         {"<Mode>DETX</Mode>", "<Mode>DETX</Mode><Mode>DET</Mode>"}, // given twice
         {"<ExciterMode>Look Through</ExciterMode>\n    <Autostart>true</Autostart>",
