@@ -12,7 +12,6 @@
 #include <Exciter_Settings.h>
 #include <RecordKinds.h>
 
-#include <QDir>
 #include <QMap>
 #include <QProcess>
 #include <QSet>

@@ -16,7 +16,6 @@ namespace KELMORA {
 // depend on the object name.
 class EXCITERSETTINGS_EXPORT WDE_Exciter : public IKMObject {
 public:
-    // -1 is unset.
     // \var CW
     // Continuous wave, written "CW".
 
@@ -27,6 +26,7 @@ public:
     // Minimum shift keying, written "MSK".
 
     // The signal type of the exciter, element "SignalType".
+    // -1 is unset.
     enum SignalType : qint32 { CW = 0, FSK2 = 1, MSK = 2 };
 
     // An item with every value unset, no index and no name; version "0.1", object name

@@ -19,8 +19,8 @@ namespace KELMORA {
 // fails with the object name followed by a fixed text.
 class EXCITERSETTINGS_EXPORT WDE_Rasterdetector : public IKMObject {
 public:
-    // -1 is unset in each of the three.
     // The amplifier band, element "Amplifier" (written when set).
+    // -1 is unset in each of the three.
     enum Amplifier : qint32 {
         // "VUHF".
         AMPLIFIER_VUHF = 0,
@@ -51,7 +51,7 @@ public:
     // Which threshold applies, element "ThresholdMode" (written always, empty while unset).
     enum ThresholdMode : qint32 { THRESHOLDMODE_ABSOLUTE = 0, THRESHOLDMODE_RELATIVE = 1 };
     // The averaging time of the relative threshold, element "RelativeThresholdAvgTime" (written
-    // when set).
+    // when set); -1 is unset.
     enum AvgTime : qint32 { AVGTIME_SHORT = 0, AVGTIME_MIDDLE = 1, AVGTIME_LONG = 2 };
 
     // An item with every value unset, no index and no name; version "0.1", object name
