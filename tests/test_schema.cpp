@@ -176,8 +176,12 @@ template <class Record, class E> int TextCount(QString (Record::*toText)(E) cons
         ++count;
     return count;
 }
-template <class Record, class E> E Choose(int i, int salt, QString (Record::*toText)(E) const) {
-    return static_cast<E>(Unset(i) ? -1 : Pick(i, salt, TextCount(toText)));
+// A value of the enumeration; Choose: unset every seventh variant.
+template <class Record, class E> E Any(int i, QString (Record::*toText)(E) const) {
+    return static_cast<E>(Pick(i, 0, TextCount(toText)));
+}
+template <class Record, class E> E Choose(int i, QString (Record::*toText)(E) const) {
+    return Unset(i) ? static_cast<E>(-1) : Any(i, toText);
 }
 
 ATTANTPath Path(int i) {
@@ -241,7 +245,7 @@ WDE_Exciter MakeExciter(int i) {
     WDE_Exciter item = i % 3 == 0 ? WDE_Exciter() : WDE_Exciter(kIndexes[Pick(i, 0, 5)]);
     if (Optional(i))
         item.SetItemName(QStringLiteral("Exciter \"%1\" <&>").arg(i));
-    item.SetSignalType(Choose(i, 0, &WDE_Exciter::GetStringForSignalType));
+    item.SetSignalType(Choose(i, &WDE_Exciter::GetStringForSignalType));
     if (!Unset(i)) {
         item.SetSymbolRate(Number(i, 1));
         item.SetLevel(Number(i, 2));
@@ -261,14 +265,12 @@ WDE_Rasterdetector MakeRaster(int i) {
     }
     item.SetExicterSet(Count(i, 0));
     item.SetActive(Pick(i, 0, 2) == 1);
-    item.SetThresholdMode(Choose(i, 0, &WDE_Rasterdetector::GetStringForThresholdMode));
+    item.SetThresholdMode(Choose(i, &WDE_Rasterdetector::GetStringForThresholdMode));
     if (Optional(i)) {
         item.SetAbsoluteThresholdValue(Number(i, 2));
         item.SetRelativeThresholdValue(Number(i, 3));
-        item.SetRelativeThresholdAvgTime(static_cast<WDE_Rasterdetector::AvgTime>(
-            Pick(i, 0, TextCount(&WDE_Rasterdetector::GetStringForAvgTime))));
-        item.SetAmplifier(static_cast<WDE_Rasterdetector::Amplifier>(
-            Pick(i, 0, TextCount(&WDE_Rasterdetector::GetStringForAmplifier))));
+        item.SetRelativeThresholdAvgTime(Any(i, &WDE_Rasterdetector::GetStringForAvgTime));
+        item.SetAmplifier(Any(i, &WDE_Rasterdetector::GetStringForAmplifier));
     }
     // Lists of 0 to 4 values: every length that Base64 pads differently.
     for (int k = 0; k < Pick(i, 0, 5); ++k)
@@ -281,7 +283,7 @@ WDE_Simulation MakeSimulation(int i) {
     if (Optional(i))
         item.SetItemName(QStringLiteral("PN sequence"));
     item.SetActive(Pick(i, 1, 2) == 1);
-    item.SetType(Choose(i, 0, &WDE_Simulation::GetStringForSimulationType));
+    item.SetType(Choose(i, &WDE_Simulation::GetStringForSimulationType));
     item.SetExciterSet(Count(i, 0));
     item.SetPNStartValue(Count(i, 1));
     item.SetChannelCount(Count(i, 2));
@@ -323,9 +325,9 @@ WDE MakeWDE(int i, bool complete) {
         wde.SetGuardTime(Number(v, 6));
         wde.SetExciterCount(complete ? 2 : Count(v, 0));
     }
-    wde.SetMode(Choose(v, 0, &WDE::GetStringForMode));
-    wde.SetEmissiondetectorMode(Choose(v, 0, &WDE::GetStringForEmissiondetectorMode));
-    wde.SetEmissiondetectorAveraging(Choose(v, 0, &WDE::GetStringForEmissiondetectorAveraging));
+    wde.SetMode(Choose(v, &WDE::GetStringForMode));
+    wde.SetEmissiondetectorMode(Choose(v, &WDE::GetStringForEmissiondetectorMode));
+    wde.SetEmissiondetectorAveraging(Choose(v, &WDE::GetStringForEmissiondetectorAveraging));
     if (Optional(i)) {
         for (int k = 0; k <= Pick(i, 0, 2); ++k) {
             wde.GetSinglechanneldetectorList().append(MakeSingle(i + 2 * k));
@@ -333,15 +335,11 @@ WDE MakeWDE(int i, bool complete) {
             wde.GetExciterList().append(MakeExciter(i + 2 * k));
             wde.GetSimulationList().append(MakeSimulation(i + 2 * k));
         }
-        wde.SetAttenuation(static_cast<WDE::AttenuationType>(
-            Pick(i, 0, TextCount(&WDE::GetStringForAttenuationType))));
-        wde.SetAttenuationMode(static_cast<WDE::AttenuationModeType>(
-            Pick(i, 0, TextCount(&WDE::GetStringForAttenuationModeType))));
+        wde.SetAttenuation(Any(i, &WDE::GetStringForAttenuationType));
+        wde.SetAttenuationMode(Any(i, &WDE::GetStringForAttenuationModeType));
         wde.SetAttenuationValue(Number(i, 7));
-        wde.SetGainCtrl(
-            static_cast<WDE::GainCtrlType>(Pick(i, 0, TextCount(&WDE::GetStringForGainCtrlType))));
-        wde.SetAGCValue(
-            static_cast<WDE::AGCValueType>(Pick(i, 0, TextCount(&WDE::GetStringForAGCValueType))));
+        wde.SetGainCtrl(Any(i, &WDE::GetStringForGainCtrlType));
+        wde.SetAGCValue(Any(i, &WDE::GetStringForAGCValueType));
         wde.SetMGCValue(Number(i, 8));
     }
     return wde;

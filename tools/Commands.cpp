@@ -141,13 +141,8 @@ int RunFormat(const QString& file, const QString& target, QTextStream& err) {
     return ExitSuccess;
 }
 
-int RunSchema(QTextStream& out, QTextStream& err) {
-    QFile schema(QStringLiteral(":/exciter-settings.xsd"));
-    if (!schema.open(QIODevice::ReadOnly)) {
-        err << "the XML Schema is not built into this program\n";
-        return ExitFailed;
-    }
-    out << QString::fromUtf8(schema.readAll());
+int RunSchema(QTextStream& out) {
+    out << QString::fromUtf8(SchemaText());
     out.flush();
     return ExitSuccess;
 }

@@ -36,9 +36,11 @@ int RunShow(const QString& file, QTextStream& out, QTextStream& err);
 int RunLint(const QStringList& files, QTextStream& out);
 // Writes the record back to target through the record's atomic save.
 int RunFormat(const QString& file, const QString& target, QTextStream& err);
-// Prints the XML Schema of the settings files, which the program carries as
-// the resource ":/exciter-settings.xsd" (schema.qrc).
-int RunSchema(QTextStream& out, QTextStream& err);
+// The XML Schema of the settings files, schema/exciter-settings.xsd, built
+// into the program (SchemaText.cpp.in).
+const char* SchemaText();
+// Prints SchemaText().
+int RunSchema(QTextStream& out);
 
 } // namespace tool
 

@@ -135,7 +135,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     if (command == QLatin1String("schema")) {
         if (!files.isEmpty())
             return UsageError(err, QStringLiteral("schema takes no FILE"));
-        return RunSchema(out, err);
+        return RunSchema(out);
     }
     if (command == QLatin1String("check")) {
         if (files.isEmpty())

@@ -56,7 +56,8 @@ public:
     // Reads the attributes ("Index" and "Name" only when present), then the
     // children. Nothing is reset first.
     // Unknown children are passed over, a signal type text outside the table reads as -1 and a
-    // number that does not convert as 0; nothing is thrown.
+    // number that does not convert as 0. Only a document that is not well-formed throws
+    // KMException ("XML error: ...").
     void ProcessXml(QXmlStreamReader& reader) override;
     // The version text, attribute "Version": "0.1" unless read otherwise.
     const QString& GetVersion() const override;

@@ -89,7 +89,7 @@ public:
     // Reads the attributes ("Index" and "Name" only when present), then the
     // children. Nothing is reset first.
     // Unknown children are passed over, texts outside a table read as -1, numbers that do not
-    // convert as 0; nothing is thrown.
+    // convert as 0. Only a document that is not well-formed throws KMException ("XML error: ...").
     void ProcessXml(QXmlStreamReader& reader) override;
     // The version text, attribute "Version": "0.1" unless read otherwise.
     const QString& GetVersion() const override;

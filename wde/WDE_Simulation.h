@@ -57,8 +57,9 @@ public:
     // "FrequencyList" wrapper when the list is not empty.
     void GetXml(QXmlStreamWriter& writer) const override;
     // Reads the attributes ("Index" and "Name" only when present), then the children without
-    // resetting first: each "Frequency" is appended. Unknown children are passed over; nothing is
-    // thrown.
+    // resetting first: each "Frequency" is appended. Unknown children are passed over; only a
+    // document that is not well-formed ("XML error: ...") or wrappers nested more than
+    // IKMObject::MaxProcessXmlNesting deep throw KMException.
     void ProcessXml(QXmlStreamReader& reader) override;
     // The version text, attribute "Version": "0.1" unless read otherwise.
     const QString& GetVersion() const override;

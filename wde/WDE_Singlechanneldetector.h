@@ -58,7 +58,8 @@ public:
     // ("Frequency" and "Bandwidth" then empty, doubles as -111111, the exciter set as 4294967295).
     void GetXml(QXmlStreamWriter& writer) const override;
     // Reads the attributes ("Index" and "Name" only when present), then the children without
-    // resetting first. Unknown children are passed over; only a range that fails to read throws.
+    // resetting first. Unknown children are passed over; only a document that is not well-formed
+    // throws KMException ("XML error: ...").
     void ProcessXml(QXmlStreamReader& reader) override;
     // The version text, attribute "Version": "0.1" unless read otherwise.
     const QString& GetVersion() const override;
