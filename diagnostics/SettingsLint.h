@@ -12,6 +12,7 @@ namespace KELMORA {
 // One thing a settings document says that the library will not keep as
 // written: a value it reads differently, changes on saving or passes over.
 struct EXCITERSETTINGS_EXPORT LintFinding {
+    // How serious a finding is.
     enum Severity {
         // The document loads, but this setting is not what the file says.
         Warning,
@@ -23,7 +24,9 @@ struct EXCITERSETTINGS_EXPORT LintFinding {
     // Where the element concerned starts (both from 1); 0 when the file
     // itself could not be opened.
     qint64 line = 0;
+    // The column where the element concerned starts, from 1; 0 as for line.
     qint64 column = 0;
+    // Warning, or Error when the document could not be read.
     Severity severity = Warning;
     // The setting from the root record: child names joined by '/', list
     // items by their position from 0 ("WDE/ExciterList/2/Level",
@@ -67,6 +70,7 @@ public:
     // As above with a record that the caller chose: it is Reset() and loaded
     // with the document, and holds it afterwards as far as it could be read.
     static QVector<LintFinding> LintXmlString(const QString& xml, IKMObject& record);
+    // As LintXmlString with a record of the caller's, for the document in a file.
     static QVector<LintFinding> LintXmlFile(const QString& fileName, IKMObject& record);
 };
 

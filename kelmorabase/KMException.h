@@ -10,9 +10,13 @@ namespace KELMORA {
 // Thrown by value; the text is available through GetMessage().
 class KELMORABASE_EXPORT KMException : public KelmoraException {
 public:
+    // An exception carrying the message, unchanged.
     explicit KMException(const QString& message);
+    // Copies the message.
     KMException(const KMException&) = default;
+    // Assigns the message.
     KMException& operator=(const KMException&) = default;
+    // Nothing to release beyond the message.
     ~KMException() override;
 };
 

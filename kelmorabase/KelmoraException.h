@@ -11,9 +11,13 @@ namespace KELMORA {
 // derive from std::exception: callers catch it (or KMException) by type.
 class KELMORABASE_EXPORT KelmoraException {
 public:
+    // An exception carrying the message, unchanged.
     explicit KelmoraException(const QString& message);
+    // Copies the message.
     KelmoraException(const KelmoraException&) = default;
+    // Assigns the message.
     KelmoraException& operator=(const KelmoraException&) = default;
+    // Nothing to release beyond the message.
     virtual ~KelmoraException();
 
     // The complete message text, exactly as it was given.

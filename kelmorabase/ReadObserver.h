@@ -21,9 +21,11 @@ class IKMObject;
 // described; the observer must not move the reader.
 class KELMORABASE_EXPORT ReadObserver {
 public:
+    // An observer; install it with Scope.
     ReadObserver() = default;
     ReadObserver(const ReadObserver&) = delete;
     ReadObserver& operator=(const ReadObserver&) = delete;
+    // The observer must be uninstalled (its Scope ended) before it is destroyed.
     virtual ~ReadObserver();
 
     // IKMObject::ProcessXml of `record` begins, the reader on the start
@@ -49,9 +51,11 @@ public:
     // Installs an observer for this thread while the scope lasts.
     class KELMORABASE_EXPORT Scope {
     public:
+        // Makes the observer the current one of this thread, remembering the previous one.
         explicit Scope(ReadObserver& observer);
         Scope(const Scope&) = delete;
         Scope& operator=(const Scope&) = delete;
+        // Restores the previous observer of this thread.
         ~Scope();
 
     private:

@@ -8,6 +8,10 @@ packages=(g++ cmake ninja-build pkg-config qtbase5-dev zlib1g-dev libgtest-dev)
 packages+=(qt6-base-dev)
 # The static checks of .ci/tidy.
 packages+=(clang-tidy)
+# The schema tests validate with xmllint.
+packages+=(libxml2-utils)
+# The API reference (the docs target, .ci/docs).
+packages+=(doxygen)
 # The benchmarks (bench/run, .ci/bench): Google Benchmark, GNU time, python3.
 packages+=(libbenchmark-dev time python3)
 # The fuzz build: clang, and the libFuzzer and sanitizer runtimes, which

@@ -195,4 +195,10 @@ int RunFormat(const QString& file, const QString& target, QTextStream& err) {
     return ExitSuccess;
 }
 
+int RunSchema(QTextStream& out) {
+    out << QString::fromUtf8(SchemaText());
+    out.flush();
+    return ExitSuccess;
+}
+
 } // namespace tool

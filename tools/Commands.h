@@ -70,6 +70,11 @@ int RunShow(const QString& file, QTextStream& out, QTextStream& err);
 int RunLint(const QStringList& files, QTextStream& out);
 // Writes the record back to target through the record's atomic save.
 int RunFormat(const QString& file, const QString& target, QTextStream& err);
+// The XML Schema of the settings files, schema/exciter-settings.xsd, built
+// into the program (SchemaText.cpp.in).
+const char* SchemaText();
+// Prints SchemaText().
+int RunSchema(QTextStream& out);
 
 // Prints each setting that a path names as show prints it: a value alone on
 // its line, a record or list as its subtree. Status 64 for a path that names

@@ -59,6 +59,8 @@ QString Description() {
                "                        Change settings and save atomically; refuses what the\n"
                "                        lint or the record's check would reject.\n"
                "  diff A B              Print \"PATH: old -> new\" per setting that differs.\n"
+               "  schema                Print the XML Schema (XSD 1.0) of the settings files,\n"
+               "                        for editors and validators (xmllint --schema).\n"
                "\n"
                "A FILE of \"-\" is standard input, an OUT of \"-\" standard output.\n"
                "\n"
@@ -152,6 +154,16 @@ const Command kCommands[] = {
          if (Files(parser).isEmpty())
              return UsageError(err, QStringLiteral("lint needs at least one FILE"));
          return RunLint(Files(parser), out);
+     }},
+    {"schema", "exciter-settings schema > exciter-settings.xsd",
+     [](QCommandLineParser& parser, const Options&) {
+         parser.addPositionalArgument(QStringLiteral("schema"),
+                                      QStringLiteral("Print the XML Schema."));
+     },
+     [](const QCommandLineParser& parser, const Options&, QTextStream& out, QTextStream& err) {
+         if (!Files(parser).isEmpty())
+             return UsageError(err, QStringLiteral("schema takes no FILE"));
+         return RunSchema(out);
      }},
     {"format", "exciter-settings format - -o - < examples/sweep.xml",
      [](QCommandLineParser& parser, const Options& options) {
@@ -251,7 +263,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("check, show, lint, format, get, set or diff."),
+                                 QStringLiteral("check, show, lint, format, get, set, diff or schema."),
                                  QStringLiteral("<command> [<args>]"));
 
     // A first pass finds the command; its own arguments and options are then
