@@ -42,7 +42,6 @@ public:
     static QString Attribute(const Element& element, const QString& name);
 
 private:
-
     std::deque<Element> m_elements;
     const QSet<QString>& m_recordNames;
     NameTable m_names;

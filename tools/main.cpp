@@ -262,9 +262,10 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     parser.setApplicationDescription(Description());
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("check, show, lint, format, get, set, diff or schema."),
-                                 QStringLiteral("<command> [<args>]"));
+    parser.addPositionalArgument(
+        QStringLiteral("command"),
+        QStringLiteral("check, show, lint, format, get, set, diff or schema."),
+        QStringLiteral("<command> [<args>]"));
 
     // A first pass finds the command; its own arguments and options are then
     // added so that the second pass and the help text know them.

@@ -9,9 +9,9 @@
 #include <KelmoraException.h>
 #include <Logger.h>
 #include <MinMax.h>
-#include <SCU.h>
 #include <ReadObserver.h>
 #include <RecordKinds.h>
+#include <SCU.h>
 #include <ScanParameter.h>
 #include <SettingsLint.h>
 #include <TGN.h>

@@ -3,11 +3,11 @@
 //   EXCITERSETTINGS_FAIL      write, fsync, fdatasync, fchmod, close or rename
 //   EXCITERSETTINGS_FAIL_DIR  the directory (a path prefix)
 // Everything else goes to the real call.
-#include <dlfcn.h>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <dlfcn.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
