@@ -211,6 +211,7 @@ public:
     // InputLimits); passing one ends the load with a KMException that names
     // the limit and the line and column. Copied with the record.
     void SetInputLimits(const InputLimits& limits) { m_inputLimits = limits; }
+    // The bounds of SetInputLimits (InputLimits' defaults until set).
     const InputLimits& GetInputLimits() const { return m_inputLimits; }
 
 protected:
