@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BenchDocuments.h"
 
 #include <QDomDocument>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loading and saving whole settings documents: the library against the bare
 // XML stream (the floor) and against QDom, on the very same documents.
 //

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Turns the benchmark's JSON and the memory measurements into the Markdown
 table of the README's "Performance" section (printed on standard output).
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # exciter_settings_qt_names(MAJOR PREFIX): the oldest Qt of that major
 # version that the build accepts, and the suffixes that the build against it
 # gives the names of its installed files, as PREFIX_QT_MINIMUM_VERSION,

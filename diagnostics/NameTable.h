@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_NAMETABLE_H
 #define KELMORA_NAMETABLE_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReadTrace.h"
 
 #include <KMException.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_READTRACE_H
 #define KELMORA_READTRACE_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordKinds.h"
 
 #include <ATTANTPath.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_RECORDKINDS_H
 #define KELMORA_RECORDKINDS_H
 

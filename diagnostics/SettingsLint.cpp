@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsLint.h"
 
 #include "ReadTrace.h"

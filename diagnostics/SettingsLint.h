@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_SETTINGSLINT_H
 #define KELMORA_SETTINGSLINT_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsPath.h"
 
 #include <KMException.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_SETTINGSPATH_H
 #define KELMORA_SETTINGSPATH_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ValueChange.h"
 
 #include "DoubleListCodec.h"

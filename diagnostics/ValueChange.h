@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_VALUECHANGE_H
 #define KELMORA_VALUECHANGE_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WrittenTree.h"
 
 #include "SettingsPath.h"

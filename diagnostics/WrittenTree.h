@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_WRITTENTREE_H
 #define KELMORA_WRITTENTREE_H
 

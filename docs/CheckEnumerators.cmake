@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Fails when an enumerator of the API reference has no documentation, which
 # Doxygen does not warn about. Reads Doxygen's XML output in XML_DIR.
 file(GLOB pages ${XML_DIR}/*.xml)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Doxygen input filter for the installed headers. Their documentation is
 # written as plain // comment lines directly above each declaration; Doxygen
 # reads those lines as /// lines. XML elements quoted in a comment

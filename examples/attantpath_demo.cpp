@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loads an attenuator path file, validates it, prints its switches and, when
 // given a second file name, saves it there.
 #include <ATTANTPath.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ATTANTPath.h"
 
 #include "RecordFormat.h"

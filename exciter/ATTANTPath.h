@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_ATTANTPATH_H
 #define KELMORA_ATTANTPATH_H
 

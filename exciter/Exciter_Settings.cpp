@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Exciter_Settings.h"
 
 #include "ItemAttributes.h"

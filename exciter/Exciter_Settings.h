@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_EXCITER_SETTINGS_H
 #define KELMORA_EXCITER_SETTINGS_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SCU.h"
 
 #include "ElementNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_SCU_H
 #define KELMORA_SCU_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TGN.h"
 
 #include "ElementNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_TGN_H
 #define KELMORA_TGN_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_CHILDNAME_H
 #define KELMORA_CHILDNAME_H
 

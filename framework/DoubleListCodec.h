@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_DOUBLELISTCODEC_H
 #define KELMORA_DOUBLELISTCODEC_H
 

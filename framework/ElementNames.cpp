@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ElementNames.h"
 
 namespace KELMORA {

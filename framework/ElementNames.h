@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_ELEMENTNAMES_H
 #define KELMORA_ELEMENTNAMES_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_ELEMENTTEXT_H
 #define KELMORA_ELEMENTTEXT_H
 

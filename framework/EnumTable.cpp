@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EnumTable.h"
 
 #include "RecordFormat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_ENUMTABLE_H
 #define KELMORA_ENUMTABLE_H
 

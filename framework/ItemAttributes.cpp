@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ItemAttributes.h"
 
 #include "ChildName.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_ITEMATTRIBUTES_H
 #define KELMORA_ITEMATTRIBUTES_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_NUMBERTEXT_H
 #define KELMORA_NUMBERTEXT_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordFormat.h"
 
 #include "NumberText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_RECORDFORMAT_H
 #define KELMORA_RECORDFORMAT_H
 

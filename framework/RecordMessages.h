@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_RECORDMESSAGES_H
 #define KELMORA_RECORDMESSAGES_H
 

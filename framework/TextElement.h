@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_TEXTELEMENT_H
 #define KELMORA_TEXTELEMENT_H
 

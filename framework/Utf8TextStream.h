@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_UTF8TEXTSTREAM_H
 #define KELMORA_UTF8TEXTSTREAM_H
 

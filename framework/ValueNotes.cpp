@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ValueNotes.h"
 
 #include "EnumTable.h"

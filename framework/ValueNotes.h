@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_VALUENOTES_H
 #define KELMORA_VALUENOTES_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes seeds for the binary target: the plain and the compressed binary
 // representation of every settings document given, plus the frames of a
 // nested record (a frame that holds another record is a seed too).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The libFuzzer harness of every fuzz target. Each target is this file built
 // with FUZZ_RECORD set to a record class and FUZZ_INPUT_XML (the bytes are a
 // UTF-8 document for SetXmlString) or FUZZ_INPUT_BINARY (the bytes are a

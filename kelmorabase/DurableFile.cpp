@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DurableFile.h"
 
 #include "KMException.h"

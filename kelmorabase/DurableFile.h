@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_DURABLEFILE_H
 #define KELMORA_DURABLEFILE_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IKMObject.h"
 
 #include "DurableFile.h"

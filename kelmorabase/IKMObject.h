@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_IKMOBJECT_H
 #define KELMORA_IKMOBJECT_H
 

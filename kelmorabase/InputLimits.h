@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_INPUTLIMITS_H
 #define KELMORA_INPUTLIMITS_H
 

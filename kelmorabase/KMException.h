@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_KMEXCEPTION_H
 #define KELMORA_KMEXCEPTION_H
 

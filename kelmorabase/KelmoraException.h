@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_KELMORAEXCEPTION_H
 #define KELMORA_KELMORAEXCEPTION_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_LOGGER_H
 #define KELMORA_LOGGER_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_LOSSLESSNUMBER_H
 #define KELMORA_LOSSLESSNUMBER_H
 

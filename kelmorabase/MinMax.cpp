@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MinMax.h"
 
 namespace KELMORA {

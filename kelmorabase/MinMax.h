@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_MINMAX_H
 #define KELMORA_MINMAX_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_OBJECTTYPES_H
 #define KELMORA_OBJECTTYPES_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReadObserver.h"
 
 #include <atomic>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_READOBSERVER_H
 #define KELMORA_READOBSERVER_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScanParameter.h"
 
 #include "LosslessNumber.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_SCANPARAMETER_H
 #define KELMORA_SCANPARAMETER_H
 

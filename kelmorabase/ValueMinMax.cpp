@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ValueMinMax.h"
 
 #include "LosslessNumber.h"

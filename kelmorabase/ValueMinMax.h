@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_VALUEMINMAX_H
 #define KELMORA_VALUEMINMAX_H
 

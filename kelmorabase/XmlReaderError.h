@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_XMLREADERERROR_H
 #define KELMORA_XMLREADERERROR_H
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what building and testing need, from Debian's packages, when it is
 # missing. Runs apt-get as root (directly, or through sudo when available).
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordFixtures.h"
 #include "TestSupport.h"
 

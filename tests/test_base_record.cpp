@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The base record's host operations (text, files, binary forms, merging,
 // validation flag, logger) and the base value records, through real records:
 // ATTANTPath writes only when complete and rejects unknown children; WDE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A child element that breaks off (the document ends inside it, or its end
 // tag is wrong) gives no value: the load fails, the children read before it
 // stay, and nothing of the broken one is stored.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The short cuts that make loading and saving fast must give exactly what
 // Qt's general routines give: number texts, the Base64 list codec, element
 // texts read without a copy, and documents written straight into a QString.

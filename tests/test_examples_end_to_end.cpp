@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bundled example files, loaded, checked, saved and reloaded the way a
 // host uses the library.
 #include "TestSupport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saves that fail keep the previous file byte for byte, name the file in
 // their message and leave nothing behind beside it. CI runs as root, whom
 // permission bits do not stop, so the failures come from the shape of the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inputs on which the fuzz targets (fuzz/fuzz_record.cpp) failed, kept so that
 // the faults stay fixed: the inputs as the fuzzer wrote them, under data/fuzz,
 // and each fault reduced to its essentials. The harness's main property: a

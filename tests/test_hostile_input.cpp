@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents built to hurt: nesting a million levels deep, entity bombs and
 // external entities, files cut off at every byte, broken UTF-8 and control
 // characters, a 100 MB Base64 text, lists of a million items. Each ends in a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The XML Schema and the format reference are second descriptions of what the
 // records read and write; these tests hold them to the records. Documents the
 // records write (every record kind, optional parts present and absent, items

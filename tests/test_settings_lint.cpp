@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lint: silent on documents in the library's own form, one finding on the
 // right line and path for each kind of loss, in every record kind as a root.
 #include "RecordFixtures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // get, set, diff and show --json: commands on the settings as the records
 // write them (see SettingsDocument).
 #include "Commands.h"

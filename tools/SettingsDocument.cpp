@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsDocument.h"
 
 #include "TreePrinter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TreePrinter.h"
 
 #include "RecordRegistry.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # bash completion for exciter-settings: commands, options, files, and the
 # setting paths of get and set, which the tool itself names (a path that
 # names nothing makes it list the names at that level).

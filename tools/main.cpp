@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // exciter-settings: checks, shows, formats, reads, changes and compares
 // settings files of any record of the library, chosen by the file's root
 // element.

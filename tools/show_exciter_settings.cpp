@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of Exciter_Settings, the root of the settings tree.
 #include "RecordRegistry.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of SCU.
 #include "RecordRegistry.h"
 

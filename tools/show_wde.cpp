@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of WDE, the detection and exciter equipment.
 #include "RecordRegistry.h"
 

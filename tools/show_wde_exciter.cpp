@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of WDE_Exciter, an item of the WDE exciter list.
 #include "RecordRegistry.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of WDE_Rasterdetector, an item of the WDE raster detector list.
 #include "RecordRegistry.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of WDE_Simulation, an item of the WDE simulation list.
 #include "RecordRegistry.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tree form of WDE_Singlechanneldetector, an item of the WDE single-channel
 // detector list.
 #include "RecordRegistry.h"

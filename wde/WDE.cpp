@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WDE.h"
 
 #include "ChildName.h"

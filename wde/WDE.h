@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef KELMORA_WDE_H
 #define KELMORA_WDE_H
 

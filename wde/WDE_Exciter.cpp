@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WDE_Exciter.h"
 
 #include "ChildName.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WDE_Singlechanneldetector.h"
 
 #include "ChildName.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Compares two builds of this source, against Qt 5 and against Qt 6 (A and
 # B): the documents their libraries write from the same settings, and what
 # their tools make of the same files, byte for byte.

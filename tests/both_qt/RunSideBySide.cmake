@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs this build and a build against the other Qt major version into one
 # prefix, as a system that offers both does, and builds and runs a host
 # against each: neither install may touch a file of the other.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the documents on which the builds against Qt 5 and Qt 6 are
 // compared (CompareBuilds.cmake):
 //

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Steps of the tests that build a host outside this tree against an install:
 # included by RunConsumer.cmake, RunPkgConfigConsumer.cmake and
 # ../both_qt/RunSideBySide.cmake.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the build into a staging prefix, then configures, builds and runs
 # the consumer project against it.
 include(${CMAKE_CURRENT_LIST_DIR}/ConsumerSteps.cmake)

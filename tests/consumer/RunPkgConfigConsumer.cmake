@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the build into a staging prefix, then compiles and runs the
 # one-file consumer with nothing but what pkg-config says about the package.
 include(${CMAKE_CURRENT_LIST_DIR}/ConsumerSteps.cmake)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host program outside the library's tree: it sees only the installed
 // package, includes headers by class name and links Kelmora::ExciterSettings.
 #include <ATTANTPath.h>

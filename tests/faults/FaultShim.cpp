@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded with LD_PRELOAD, makes one system call fail with EIO, as a failing
 // disk would, for files below one directory only:
 //   EXCITERSETTINGS_FAIL      write, fsync, fdatasync, fchmod, close or rename

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Runs the README's snippets on a copy of an example: any qWarning (a failure
 # the host snippet catches, a lint finding) ends the program, and the saved
 # file must hold the changes the host snippet makes.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the build into a staging prefix, checks that it holds the XML Schema,
 # and runs the command-line tests against the installed exciter-settings,
 # which finds the staged libraries through its install RPATH.

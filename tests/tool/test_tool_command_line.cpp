@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs the exciter-settings program as a user would. The program is the one
 // built in the tree, or the one named by EXCITER_SETTINGS_TOOL (the installed
 // copy, see RunInstalledTool.cmake).
