@@ -2,12 +2,11 @@
 #include "IKMObject.h"
 
 #include "DurableFile.h"
+#include "Inflate.h"
 #include "ReadObserver.h"
 #include "XmlReaderError.h"
 
 #include <QtEndian>
-
-#include <zlib.h>
 
 #include <algorithm>
 #include <cmath>
@@ -283,16 +282,9 @@ QByteArray BoundedInflate(const QByteArray& compressed, qint64 limit, const QStr
                               .arg(declared)
                               .arg(limit));
     QByteArray frame(static_cast<int>(declared), Qt::Uninitialized);
-    z_stream stream{};
-    if (inflateInit(&stream) != Z_OK)
-        return QByteArray();
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.constData() + 4));
-    stream.avail_in = static_cast<uInt>(compressed.size() - 4);
-    stream.next_out = reinterpret_cast<Bytef*>(frame.data());
-    stream.avail_out = declared;
-    const int result = inflate(&stream, Z_FINISH);
-    const bool whole = result == Z_STREAM_END && stream.total_out == declared;
-    inflateEnd(&stream);
+    const bool whole =
+        InflateExactly(reinterpret_cast<const uchar*>(compressed.constData()) + 4,
+                       compressed.size() - 4, reinterpret_cast<uchar*>(frame.data()), frame.size());
     return whole ? frame : QByteArray();
 }
 

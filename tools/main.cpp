@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "RecordRegistry.h"
 
+#include <ExciterSettingsVersion.h>
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -304,7 +305,7 @@ int Run(const QStringList& arguments, QTextStream& out, QTextStream& err) {
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral(EXCITERSETTINGS_TOOL_NAME));
-    QCoreApplication::setApplicationVersion(QStringLiteral(EXCITERSETTINGS_VERSION));
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(KELMORA::ExciterSettingsVersion()));
     QTextStream out(stdout);
     QTextStream err(stderr);
     KELMORA::SetUtf8(out);

@@ -3,10 +3,13 @@
 // package, includes headers by class name and links Kelmora::ExciterSettings.
 #include <ATTANTPath.h>
 #include <DurableFile.h>
+#include <ExciterSettingsExport.h>
+#include <ExciterSettingsVersion.h>
 #include <Exciter_Settings.h>
 #include <IKMObject.h>
 #include <InputLimits.h>
 #include <KMException.h>
+#include <KelmoraBaseExport.h>
 #include <KelmoraException.h>
 #include <Logger.h>
 #include <MinMax.h>
@@ -90,11 +93,25 @@ bool LintAndLimitsWork() {
     return Fails("a document deeper than the limit loaded");
 }
 
+// The headers' version and the library's run-time version agree in an
+// install of one build.
+bool VersionsAgree() {
+    static_assert(EXCITERSETTINGS_VERSION ==
+                      EXCITERSETTINGS_VERSION_CHECK(EXCITERSETTINGS_VERSION_MAJOR,
+                                                    EXCITERSETTINGS_VERSION_MINOR,
+                                                    EXCITERSETTINGS_VERSION_PATCH),
+                  "EXCITERSETTINGS_VERSION");
+    return QByteArray(KELMORA::ExciterSettingsVersion()) == EXCITERSETTINGS_VERSION_STRING ||
+           Fails("the library's version differs from its headers'");
+}
+
 } // namespace
 
 int main() {
-    if (!IncompleteCheckThrows() || !WholeTreeRoundTrips() || !LintAndLimitsWork())
+    if (!IncompleteCheckThrows() || !WholeTreeRoundTrips() || !LintAndLimitsWork() ||
+        !VersionsAgree())
         return 1;
-    std::printf("consumer ok (Qt %s)\n", qVersion());
+    std::printf("consumer ok (ExciterSettings %s, Qt %s)\n", KELMORA::ExciterSettingsVersion(),
+                qVersion());
     return 0;
 }
