@@ -120,7 +120,7 @@ Validation Validate(const QMap<QString, QString>& documents) {
     xmllint.start(QStringLiteral(XMLLINT_PATH),
                   QStringList{"--noout", "--schema", SCHEMA_FILE} + documents.keys());
     EXPECT_TRUE(xmllint.waitForFinished(120000))
-        << "xmllint (" XMLLINT_PATH ") did not run; scripts/bootstrap.sh installs libxml2-utils";
+        << "xmllint (" XMLLINT_PATH ") did not run; scripts/bootstrap.sh --dev installs libxml2-utils";
     Validation result;
     const QString output = QString::fromUtf8(xmllint.readAllStandardError());
     for (const QString& line : output.split('\n')) {
