@@ -30,7 +30,10 @@ endif()
 # (/usr/share/doc/<package>/copyright, in the machine-readable form) and a
 # changelog; elsewhere the licence goes once into the documentation folder.
 if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
-  find_program(GZIP_EXECUTABLE gzip REQUIRED)
+  find_program(GZIP_EXECUTABLE gzip)
+  if(NOT GZIP_EXECUTABLE)
+    message(FATAL_ERROR "gzip is needed for the packages' changelogs")
+  endif()
   file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
   string(REGEX REPLACE "^MIT License\n\n[^\n]*\n\n" "" licence "${licence}")
   string(REGEX REPLACE "\n\n" "\n.\n" licence "${licence}")
@@ -103,14 +106,14 @@ libKelmoraBase${EXCITERSETTINGS_NAME_SUFFIX} ${PROJECT_VERSION_MAJOR} ${deb_runt
 file(WRITE ${deb_control}/triggers "activate-noawait ldconfig\n")
 # Maintainer scripts of our own keep CPack from adding its ldconfig calls.
 foreach(script postinst postrm)
-  file(WRITE ${deb_control}/${script}.in "#!/bin/sh
+  file(WRITE ${deb_control}/scripts/${script} "#!/bin/sh
 set -e
 # The linker cache is updated by the ldconfig trigger (see triggers).
 exit 0
 ")
-  file(COPY_FILE ${deb_control}/${script}.in ${deb_control}/${script})
-  file(CHMOD ${deb_control}/${script} FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
-    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+  file(COPY ${deb_control}/scripts/${script} DESTINATION ${deb_control}
+    FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+    WORLD_READ WORLD_EXECUTE)
 endforeach()
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${deb_control}/shlibs ${deb_control}/triggers
   ${deb_control}/postinst ${deb_control}/postrm)
