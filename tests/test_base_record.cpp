@@ -24,7 +24,7 @@ using testsupport::WrittenXml;
 
 namespace {
 
-const QString kExamples = QStringLiteral(EXAMPLES_DIR "/");
+const QString kExamples = QString(EXAMPLES_DIR "/");
 
 template <class Record = Exciter_Settings> Record Loaded(const QString& path) {
     Record record;
@@ -57,7 +57,7 @@ TEST(HostOperations, SaveAndLoadFiles) {
     const QString file = dir.filePath("path.xml");
     // ATTANTPath keeps its texts verbatim, so they show the escaping.
     const auto path = testsupport::ReadFrom<ATTANTPath>(
-        WrittenXml(CompletePath()).replace(">true<", QStringLiteral(">ä &amp; &lt;b&gt;<")));
+        WrittenXml(CompletePath()).replace(">true<", ">ä &amp; &lt;b&gt;<"));
     path.SaveXml(file);
     const QByteArray saved = FileContents(file);
     EXPECT_TRUE(saved.contains("\n    <ATT1>\xc3\xa4 &amp; &lt;b&gt;</ATT1>")); // indented UTF-8
@@ -74,7 +74,7 @@ TEST(HostOperations, LoggerAndValidationFlag) {
     Logger logger;
     WDE wde;
     wde.SetLogger(&logger);
-    const QString missing = QStringLiteral("/nonexistent/file.xml");
+    const QString missing = "/nonexistent/file.xml";
     EXPECT_TRUE(ThrownMessage([&] { wde.LoadXml(missing); }).contains(missing));
     ASSERT_EQ(logger.GetEntries().size(), 1);
     EXPECT_TRUE(logger.GetEntries().first().startsWith("ERROR: LoadXml"));

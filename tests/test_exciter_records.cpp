@@ -16,9 +16,9 @@ using testsupport::WrittenXml;
 TEST(ATTANTPathRecord, WritesSixSwitchesInOrderOnlyWhenComplete) {
     ATTANTPath path = CompletePath();
     EXPECT_EQ(WrittenXml(path),
-              QStringLiteral("<ATTANTPath><ATT1>true</ATT1><ATT2>false</ATT2><ATT3>false</ATT3>"
-                             "<ATT4>true</ATT4><ATT5>false</ATT5><ATT6>false</ATT6></ATTANTPath>"));
-    EXPECT_EQ(CheckMessage(ATTANTPath()), QStringLiteral("ATTANTPath: Please set ATT1!"));
+              "<ATTANTPath><ATT1>true</ATT1><ATT2>false</ATT2><ATT3>false</ATT3>"
+              "<ATT4>true</ATT4><ATT5>false</ATT5><ATT6>false</ATT6></ATTANTPath>");
+    EXPECT_EQ(CheckMessage(ATTANTPath()), "ATTANTPath: Please set ATT1!");
 
     path.Reset();
     EXPECT_FALSE(path.AnyData() || path.GetATT1() || path.GetATT4());
@@ -35,142 +35,134 @@ TEST(ATTANTPathRecord, WritesSixSwitchesInOrderOnlyWhenComplete) {
         EXPECT_TRUE(path.AnyData());
         EXPECT_FALSE(path.HasData());
         EXPECT_TRUE(WrittenXml(path).isEmpty());
-        EXPECT_EQ(CheckMessage(path),
-                  QStringLiteral("ATTANTPath: Please set ATT%1!").arg(unset + 1));
+        EXPECT_EQ(CheckMessage(path), QString("ATTANTPath: Please set ATT%1!").arg(unset + 1));
     }
 }
 
 TEST(ATTANTPathRecord, ReadsTextsVerbatimAndRejectsUnknownOrMiscasedChildren) {
     const auto path = testsupport::ReadFrom<ATTANTPath>(
-        QStringLiteral("<ATTANTPath><ATT1>True</ATT1><ATT2>1</ATT2><ATT3>true</ATT3>"
-                       "<ATT4>false</ATT4><ATT5>x</ATT5><ATT6>false</ATT6></ATTANTPath>"));
+        "<ATTANTPath><ATT1>True</ATT1><ATT2>1</ATT2><ATT3>true</ATT3>"
+        "<ATT4>false</ATT4><ATT5>x</ATT5><ATT6>false</ATT6></ATTANTPath>");
     EXPECT_TRUE(path.HasData());
     EXPECT_FALSE(path.GetATT1() || path.GetATT2());
     EXPECT_TRUE(path.GetATT3());
     EXPECT_TRUE(WrittenXml(path).startsWith(
-        QStringLiteral("<ATTANTPath><ATT1>True</ATT1><ATT2>1</ATT2><ATT3>true</ATT3>")));
+        "<ATTANTPath><ATT1>True</ATT1><ATT2>1</ATT2><ATT3>true</ATT3>"));
 
     ATTANTPath partial;
     EXPECT_EQ(
         ThrownMessage([&] {
-            partial.SetXmlString(QStringLiteral(
-                "<ATTANTPath><ATT1>true</ATT1><ATT7>true</ATT7><ATT2>true</ATT2></ATTANTPath>"));
+            partial.SetXmlString(
+                "<ATTANTPath><ATT1>true</ATT1><ATT7>true</ATT7><ATT2>true</ATT2></ATTANTPath>");
         }),
-        QStringLiteral("Unknown Tag 'ATT7' in 'ATTANTPath'"));
+        "Unknown Tag 'ATT7' in 'ATTANTPath'");
     EXPECT_TRUE(partial.GetATT1());
     EXPECT_FALSE(partial.GetATT2());
-    EXPECT_EQ(ThrownMessage([&] {
-                  partial.SetXmlString(
-                      QStringLiteral("<ATTANTPath><att1>true</att1></ATTANTPath>"));
-              }),
-              QStringLiteral("Unknown Tag 'att1' in 'ATTANTPath'"));
+    EXPECT_EQ(
+        ThrownMessage([&] { partial.SetXmlString("<ATTANTPath><att1>true</att1></ATTANTPath>"); }),
+        "Unknown Tag 'att1' in 'ATTANTPath'");
 }
 
 TEST(SCURecord, WritesVersionFrequencyTwoDecimalTransmitTimeAndPath) {
     SCU scu = CompleteSCU();
     // The frequency element as the range record itself writes it.
     const QString written = WrittenXml(scu);
-    EXPECT_EQ(written, QStringLiteral("<SCU Version=\"1.0\">") +
-                           WrittenXml(ValueMinMax(QStringLiteral("Frequency"), 100.5, 20, 3000)) +
-                           QStringLiteral("<TransmitTime>12.00</TransmitTime>") +
-                           WrittenXml(testfixtures::CompletePath()) + QStringLiteral("</SCU>"));
+    EXPECT_EQ(written, "<SCU Version=\"1.0\">" +
+                           WrittenXml(ValueMinMax("Frequency", 100.5, 20, 3000)) +
+                           "<TransmitTime>12.00</TransmitTime>" +
+                           WrittenXml(testfixtures::CompletePath()) + "</SCU>");
     scu.SetTransmitTime(3.14159);
-    EXPECT_TRUE(WrittenXml(scu).contains(QStringLiteral(">3.14<")));
+    EXPECT_TRUE(WrittenXml(scu).contains(">3.14<"));
 
     EXPECT_EQ(WrittenXml(testsupport::ReadFrom<SCU>(written)), written);
     const auto unversioned =
-        testsupport::ReadFrom<SCU>(QString(written).remove(QStringLiteral(" Version=\"1.0\"")));
-    EXPECT_TRUE(WrittenXml(unversioned).startsWith(QStringLiteral("<SCU Version=\"\">")));
+        testsupport::ReadFrom<SCU>(QString(written).remove(" Version=\"1.0\""));
+    EXPECT_TRUE(WrittenXml(unversioned).startsWith("<SCU Version=\"\">"));
 }
 
 TEST(SCURecord, CompletenessCheckOrderAndAnyData) {
     SCU scu;
-    EXPECT_EQ(CheckMessage(scu), QStringLiteral("SCU: Please set Frequency!"));
+    EXPECT_EQ(CheckMessage(scu), "SCU: Please set Frequency!");
     // Bounds alone do not make the frequency set, nor does a partial path.
     scu.SetFrequencyMinMax(5, 2);
     scu.GetATTANTPath().SetATT1(true);
     EXPECT_FALSE(scu.AnyData());
     scu.SetFrequency(1.5);
     EXPECT_TRUE(scu.AnyData());
-    EXPECT_EQ(CheckMessage(scu), QStringLiteral("SCU: Please set TransmitTime!"));
+    EXPECT_EQ(CheckMessage(scu), "SCU: Please set TransmitTime!");
     scu.SetTransmitTime(0.5);
     EXPECT_FALSE(scu.HasData());
     EXPECT_TRUE(WrittenXml(scu).isEmpty());
-    EXPECT_EQ(CheckMessage(scu), QStringLiteral("ATTANTPath: Please set ATT2!"));
+    EXPECT_EQ(CheckMessage(scu), "ATTANTPath: Please set ATT2!");
 }
 
 TEST(SCURecord, ReadingKeepsEarlierValuesAndResetKeepsVersion) {
     SCU scu = CompleteSCU();
     EXPECT_EQ(ThrownMessage([&] {
-                  scu.SetXmlString(QStringLiteral("<SCU Version=\"3\"><TransmitTime>abc"
-                                                  "</TransmitTime><Power>1</Power></SCU>"));
+                  scu.SetXmlString("<SCU Version=\"3\"><TransmitTime>abc"
+                                   "</TransmitTime><Power>1</Power></SCU>");
               }),
-              QStringLiteral("Unknown Tag 'Power' in 'SCU'"));
+              "Unknown Tag 'Power' in 'SCU'");
     EXPECT_EQ(scu.GetTransmitTime(), 0);
     EXPECT_TRUE(scu.HasData()); // 0 counts as set
     scu.Reset();
     EXPECT_FALSE(scu.AnyData() || scu.GetATTANTPath().AnyData());
-    EXPECT_EQ(scu.GetVersion(), QStringLiteral("3"));
+    EXPECT_EQ(scu.GetVersion(), "3");
 }
 
 namespace {
 
 // The start tag and both ranges, as the range records themselves write them,
 // followed by the values that are always written.
-const QString kRequired =
-    QStringLiteral("<TGN Version=\"1.0\">") +
-    WrittenXml(ValueMinMax(QStringLiteral("Frequency"), 100, 10, 1000)) +
-    WrittenXml(ValueMinMax(QStringLiteral("Bandwidth"), 25, -111111.11, -111111.11)) +
-    QStringLiteral("<Power>12.50</Power><LevelSettingsMode>auto</LevelSettingsMode>"
-                   "<Reference>intern</Reference><TGNModulation>CW</TGNModulation>");
+const QString kRequired = "<TGN Version=\"1.0\">" +
+                          WrittenXml(ValueMinMax("Frequency", 100, 10, 1000)) +
+                          WrittenXml(ValueMinMax("Bandwidth", 25, -111111.11, -111111.11)) +
+                          "<Power>12.50</Power><LevelSettingsMode>auto</LevelSettingsMode>"
+                          "<Reference>intern</Reference><TGNModulation>CW</TGNModulation>";
 
 } // namespace
 
 TEST(TGNRecord, ChoiceListsAndValidatedSetters) {
     TGN tgn;
-    EXPECT_EQ(tgn.GetLevelSettingsModes().join(QLatin1Char('|')), QStringLiteral("auto|fix"));
-    EXPECT_EQ(tgn.GetReferences().join(QLatin1Char('|')), QStringLiteral("intern|extern"));
+    EXPECT_EQ(tgn.GetLevelSettingsModes().join(QLatin1Char('|')), "auto|fix");
+    EXPECT_EQ(tgn.GetReferences().join(QLatin1Char('|')), "intern|extern");
     EXPECT_EQ(tgn.GetTGNModulations().join(QLatin1Char('|')),
-              QStringLiteral("CW|FM int|AM int|FM AFsweep|AM AFsweep|FM ext|AM ext|NOISE"));
+              "CW|FM int|AM int|FM AFsweep|AM AFsweep|FM ext|AM ext|NOISE");
 
     // Each setter checks against its own list (failed reads show that the value stays).
-    EXPECT_EQ(ThrownMessage([&] { tgn.SetLevelSettingsMode(QStringLiteral("FIX")); }),
-              QStringLiteral("TGN: Unknown LevelSettingsMode 'FIX'"));
-    EXPECT_EQ(ThrownMessage([&] { tgn.SetReference(QStringLiteral("auto")); }),
-              QStringLiteral("TGN: Unknown Reference 'auto'"));
-    EXPECT_EQ(ThrownMessage([&] { tgn.SetReference(QString()); }),
-              QStringLiteral("TGN: Please set Reference!"));
-    EXPECT_EQ(ThrownMessage([&] { tgn.SetTGNModulation(QStringLiteral("intern")); }),
-              QStringLiteral("TGN: Unknown TGNModulation 'intern'"));
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetLevelSettingsMode("FIX"); }),
+              "TGN: Unknown LevelSettingsMode 'FIX'");
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetReference("auto"); }), "TGN: Unknown Reference 'auto'");
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetReference(QString()); }), "TGN: Please set Reference!");
+    EXPECT_EQ(ThrownMessage([&] { tgn.SetTGNModulation("intern"); }),
+              "TGN: Unknown TGNModulation 'intern'");
 }
 
 TEST(TGNRecord, WritesOptionalValuesOnlyWhenSetInFixedOrderAndFormats) {
     TGN tgn = CompleteTGN();
     tgn.GetScanParameter().SetStartFrequency(1); // incomplete: not written
-    EXPECT_EQ(WrittenXml(tgn),
-              kRequired + QStringLiteral("<SweepActive>false</SweepActive>"
-                                         "<IQModulationState>false</IQModulationState>"
-                                         "<IQModulationSource>ANALOG</IQModulationSource>"
-                                         "<BBINState>false</BBINState></TGN>"));
+    EXPECT_EQ(WrittenXml(tgn), kRequired + "<SweepActive>false</SweepActive>"
+                                           "<IQModulationState>false</IQModulationState>"
+                                           "<IQModulationSource>ANALOG</IQModulationSource>"
+                                           "<BBINState>false</BBINState></TGN>");
 
     tgn.GetScanParameter().SetStopFrequency(2);
     tgn.GetScanParameter().SetStepWidth(0.5);
-    const QString optional = QStringLiteral(
+    const QString optional =
         "<Tone>440.00</Tone><ToneStop>-3.46</ToneStop><ToneStart>1.00</ToneStart>"
         "<AMDepth>-7</AMDepth><SweepActive>true</SweepActive><SweepSpacing>LIN</SweepSpacing>"
         "<SweepDwellTime>1.23457e+06</SweepDwellTime><FMCoupling>AC</FMCoupling>"
         "<FMInput>EXT1</FMInput><FMDeviation>1.23457</FMDeviation><NoiseLevel>12</NoiseLevel>"
         "<IQModulationState>true</IQModulationState>"
-        "<IQModulationSource>BASEBAND</IQModulationSource><BBINState>true</BBINState>");
+        "<IQModulationSource>BASEBAND</IQModulationSource><BBINState>true</BBINState>";
     // Read with more digits than are written: each value keeps its own format.
-    tgn.SetXmlString(
-        QStringLiteral("<TGN Version=\"1.0\">%1</TGN>")
-            .arg(QString(optional)
-                     .replace(QStringLiteral("-3.46"), QStringLiteral("-3.456"))
-                     .replace(QStringLiteral("1.23457e+06"), QStringLiteral("1234567"))
-                     .replace(QStringLiteral("1.23457<"), QStringLiteral("1.2345678<"))));
+    tgn.SetXmlString(QString("<TGN Version=\"1.0\">%1</TGN>")
+                         .arg(QString(optional)
+                                  .replace("-3.46", "-3.456")
+                                  .replace("1.23457e+06", "1234567")
+                                  .replace("1.23457<", "1.2345678<")));
     EXPECT_EQ(WrittenXml(tgn),
-              kRequired + optional + WrittenXml(tgn.GetScanParameter()) + QStringLiteral("</TGN>"));
+              kRequired + optional + WrittenXml(tgn.GetScanParameter()) + "</TGN>");
 }
 
 TEST(TGNRecord, CheckOrderHasDataAndAnyData) {
@@ -180,20 +172,20 @@ TEST(TGNRecord, CheckOrderHasDataAndAnyData) {
         {"Frequency", [&] { tgn.SetFrequency(1); }},
         {"Bandwidth", [&] { tgn.SetBandwidth(1); }},
         {"Power", [&] { tgn.SetPower(1); }},
-        {"LevelSettingsMode", [&] { tgn.SetLevelSettingsMode(QStringLiteral("auto")); }},
-        {"Reference", [&] { tgn.SetReference(QStringLiteral("intern")); }},
-        {"TGNModulation", [&] { tgn.SetTGNModulation(QStringLiteral("NOISE")); }},
+        {"LevelSettingsMode", [&] { tgn.SetLevelSettingsMode("auto"); }},
+        {"Reference", [&] { tgn.SetReference("intern"); }},
+        {"TGNModulation", [&] { tgn.SetTGNModulation("NOISE"); }},
     };
     for (const auto& [missing, fill] : steps) {
         EXPECT_FALSE(tgn.HasData());
         EXPECT_TRUE(WrittenXml(tgn).isEmpty()); // incomplete, though it has some data
-        EXPECT_EQ(CheckMessage(tgn), QStringLiteral("TGN: Please set %1!").arg(missing));
+        EXPECT_EQ(CheckMessage(tgn), QString("TGN: Please set %1!").arg(missing));
         fill();
     }
     EXPECT_NO_THROW(tgn.Check());
 
     TGN unconsulted;
-    unconsulted.SetFMInput(QStringLiteral("EXT1"));
+    unconsulted.SetFMInput("EXT1");
     unconsulted.SetSweepActive(true);
     unconsulted.SetIQModulationSource(TGN::BASEBAND);
     EXPECT_FALSE(unconsulted.AnyData());
@@ -203,10 +195,10 @@ TEST(TGNRecord, CheckOrderHasDataAndAnyData) {
 
 TEST(TGNRecord, ReadingConvertersAndReset) {
     TGN tgn;
-    tgn.SetXmlString(QStringLiteral(
+    tgn.SetXmlString(
         "<TGN><Power>abc</Power><NoiseLevel>12</NoiseLevel><SweepActive>True</SweepActive>"
         "<IQModulationState>1</IQModulationState><BBINState>true</BBINState>"
-        "<IQModulationSource>analog</IQModulationSource></TGN>"));
+        "<IQModulationSource>analog</IQModulationSource></TGN>");
     EXPECT_EQ(tgn.GetPower(), 0);
     EXPECT_EQ(tgn.GetNoiseLevel(), 12);
     EXPECT_FALSE(tgn.GetSweepActive() || tgn.GetIQModulationState());
@@ -215,29 +207,29 @@ TEST(TGNRecord, ReadingConvertersAndReset) {
     EXPECT_TRUE(tgn.GetVersion().isEmpty());
 
     // What was read before a failure stays; nothing after it is read.
-    tgn.SetTGNModulation(QStringLiteral("FM int"));
+    tgn.SetTGNModulation("FM int");
     const std::pair<const char*, const char*> failures[] = {
         {"<Tone>440</Tone><TGNModulation>FM  int</TGNModulation><Power>3</Power>",
          "TGN: Unknown TGNModulation 'FM  int'"},
         {"<ToneStop>1</ToneStop><tone>2</tone>", "Unknown Tag 'tone' in 'TGN'"},
     };
     for (const auto& failure : failures) {
-        const QString document = QStringLiteral("<TGN>%1</TGN>").arg(QLatin1String(failure.first));
+        const QString document = QString("<TGN>%1</TGN>").arg(QLatin1String(failure.first));
         EXPECT_EQ(ThrownMessage([&] { tgn.SetXmlString(document); }),
                   QLatin1String(failure.second));
     }
     EXPECT_EQ(tgn.GetTone(), 440);
     EXPECT_EQ(tgn.GetToneStop(), 1);
-    EXPECT_EQ(tgn.GetTGNModulation(), QStringLiteral("FM int"));
+    EXPECT_EQ(tgn.GetTGNModulation(), "FM int");
     EXPECT_EQ(tgn.GetPower(), 0);
-    EXPECT_EQ(tgn.GetStringForIQSource(static_cast<TGN::IQSources>(7)), QStringLiteral("BASEBAND"));
+    EXPECT_EQ(tgn.GetStringForIQSource(static_cast<TGN::IQSources>(7)), "BASEBAND");
 
     // Reset keeps the version text and brings back the IQ defaults.
-    tgn.SetXmlString(QStringLiteral("<TGN Version=\"7\"/>"));
+    tgn.SetXmlString("<TGN Version=\"7\"/>");
     tgn.Reset();
     EXPECT_FALSE(tgn.AnyData() || tgn.GetBBINState());
     EXPECT_EQ(tgn.GetIQModulationSource(), TGN::ANALOG);
-    EXPECT_EQ(tgn.GetVersion(), QStringLiteral("7"));
+    EXPECT_EQ(tgn.GetVersion(), "7");
 }
 
 namespace {
@@ -252,7 +244,7 @@ Exciter_Settings Settings(const QString& mode) {
 }
 
 QString Element(const QString& children) {
-    return QStringLiteral("<Exciter_Settings>%1</Exciter_Settings>").arg(children);
+    return QString("<Exciter_Settings>%1</Exciter_Settings>").arg(children);
 }
 
 } // namespace
@@ -261,15 +253,14 @@ TEST(ExciterSettingsRecord, ModeNamesConversionsAndTheirFailures) {
     Exciter_Settings settings;
     EXPECT_TRUE(settings.GetAutostart());
     EXPECT_TRUE(WrittenXml(settings).isEmpty());
-    EXPECT_EQ(CheckMessage(settings), QStringLiteral("Exciter_Settings: Please set ExciterMode"));
+    EXPECT_EQ(CheckMessage(settings), "Exciter_Settings: Please set ExciterMode");
     EXPECT_EQ(settings.GetExciterModes(),
               (QStringList{"Continuous", "Deception", "Trap", "Follower", "Fast Sequential",
                            "Fast Sequential Parallel", "Look Through", "Look Through Parallel",
                            "Sweep", "Wideband", "Barrage", "Broadcast"}));
-    settings.SetExciterMode(QStringLiteral("Look Through"));
+    settings.SetExciterMode("Look Through");
     const std::pair<std::function<void()>, const char*> failures[] = {
-        {[&] { settings.SetExciterMode(QStringLiteral("continuous")); },
-         "Unknown ExciterMode 'continuous'"},
+        {[&] { settings.SetExciterMode("continuous"); }, "Unknown ExciterMode 'continuous'"},
         {[&] { settings.SetExciterMode(QString()); }, "Exciter_Settings: Please set ExciterMode"},
         {[&] { settings.SetExciterMode(static_cast<Exciter_Settings::ExciterModeType>(12)); },
          "Exciter_Settings: Invalid TaskType '12'"},
@@ -277,7 +268,7 @@ TEST(ExciterSettingsRecord, ModeNamesConversionsAndTheirFailures) {
              settings.ExciterModeTypeToName(static_cast<Exciter_Settings::ExciterModeType>(12));
          },
          "Exciter_Settings: Invalid ValueType '12'"},
-        {[&] { settings.NameToExciterModeType(QStringLiteral("Sweeps")); },
+        {[&] { settings.NameToExciterModeType("Sweeps"); },
          "Exciter_Settings: Invalid ValueType 'Sweeps'"},
     };
     for (const auto& [call, message] : failures)
@@ -308,27 +299,27 @@ TEST(ExciterSettingsRecord, EveryModeReadsBackAndWDETakesPartOnlyInWDEModes) {
                                              : "ExciterMode Autostart TGN SCU"));
     }
 
-    Exciter_Settings settings = Settings(QStringLiteral("Trap"));
+    Exciter_Settings settings = Settings("Trap");
     settings.GetWDE().SetMode(static_cast<WDE::Mode>(-1));
     EXPECT_FALSE(settings.HasData());
     EXPECT_TRUE(WrittenXml(settings).isEmpty());
-    EXPECT_EQ(CheckMessage(settings), QStringLiteral("WDE:Please set Mode!"));
+    EXPECT_EQ(CheckMessage(settings), "WDE:Please set Mode!");
     // Back in a mode without WDE, the incomplete WDE no longer matters.
-    settings.SetExciterMode(QStringLiteral("Barrage"));
+    settings.SetExciterMode("Barrage");
     EXPECT_NO_THROW(settings.Check());
 
     // Nested failures pass through unchanged, in the order TGN, SCU.
     settings.GetSCU().SetTransmitTime(-111111.11);
-    EXPECT_EQ(CheckMessage(settings), QStringLiteral("SCU: Please set TransmitTime!"));
+    EXPECT_EQ(CheckMessage(settings), "SCU: Please set TransmitTime!");
     settings.GetTGN().Reset();
-    EXPECT_EQ(CheckMessage(settings), QStringLiteral("TGN: Please set Frequency!"));
+    EXPECT_EQ(CheckMessage(settings), "TGN: Please set Frequency!");
 }
 
 TEST(ExciterSettingsRecord, ReadingModeAutostartAndWDEOrder) {
     // A WDE before the mode is passed over: the mode is still unset then.
-    const QString xml = WrittenXml(Settings(QStringLiteral("Look Through")));
-    const QString mode = QStringLiteral("<ExciterMode>Look Through</ExciterMode>");
-    const QString end = QStringLiteral("</Exciter_Settings>");
+    const QString xml = WrittenXml(Settings("Look Through"));
+    const QString mode = "<ExciterMode>Look Through</ExciterMode>";
+    const QString end = "</Exciter_Settings>";
     const QString modeLast = QString(xml).remove(mode).replace(end, mode + end);
     EXPECT_FALSE(testsupport::ReadFrom<Exciter_Settings>(modeLast).GetWDE().AnyData());
 
@@ -337,7 +328,7 @@ TEST(ExciterSettingsRecord, ReadingModeAutostartAndWDEOrder) {
          {std::pair<const char*, bool>{"false", false}, {"False", true}, {"0", true}, {"", true}}) {
         settings.SetAutostart(!expected);
         settings.SetXmlString(
-            Element(QStringLiteral("<Autostart>%1</Autostart>").arg(QLatin1String(text))));
+            Element(QString("<Autostart>%1</Autostart>").arg(QLatin1String(text))));
         EXPECT_EQ(settings.GetAutostart(), expected) << text;
     }
 
@@ -355,7 +346,7 @@ TEST(ExciterSettingsRecord, ReadingModeAutostartAndWDEOrder) {
 }
 
 TEST(ExciterSettingsRecord, CopiesAreDeepAndResetRestoresDefaults) {
-    Exciter_Settings source = Settings(QStringLiteral("Trap"));
+    Exciter_Settings source = Settings("Trap");
     source.SetAutostart(false);
     Exciter_Settings copy(source);
     EXPECT_EQ(WrittenXml(copy), WrittenXml(source));
@@ -366,7 +357,7 @@ TEST(ExciterSettingsRecord, CopiesAreDeepAndResetRestoresDefaults) {
     EXPECT_TRUE(source.GetAutostart());
     EXPECT_EQ(source.GetExciterMode(), -1);
     EXPECT_FALSE(source.AnyData() || source.GetWDE().AnyData());
-    EXPECT_EQ(source.GetVersion(), QStringLiteral("1.0"));
+    EXPECT_EQ(source.GetVersion(), "1.0");
     source.SetSCU(CompleteSCU());
     EXPECT_TRUE(source.AnyData()); // a complete nested record counts
 }

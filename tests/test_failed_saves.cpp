@@ -35,7 +35,7 @@ QStringList Entries(const QString& directory) {
 
 Exciter_Settings LookThrough() {
     Exciter_Settings settings;
-    settings.LoadXml(QStringLiteral(EXAMPLES_DIR "/look_through.xml"));
+    settings.LoadXml(QString(EXAMPLES_DIR "/look_through.xml"));
     return settings;
 }
 
@@ -59,12 +59,12 @@ QString SaveFailure(const IKMObject& record, const QString& target, int resource
 
 TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
     QTemporaryDir dir;
-    const QString previous = dir.filePath(QStringLiteral("settings.xml"));
+    const QString previous = dir.filePath("settings.xml");
     const QByteArray previousBytes = "<Exciter_Settings>the previous file</Exciter_Settings>\n";
     WriteFile(previous, previousBytes);
-    const QString directory = dir.filePath(QStringLiteral("settings.d"));
-    ASSERT_TRUE(QDir(dir.path()).mkdir(QStringLiteral("settings.d")));
-    WriteFile(QDir(directory).filePath(QStringLiteral("inside.xml")), "inside");
+    const QString directory = dir.filePath("settings.d");
+    ASSERT_TRUE(QDir(dir.path()).mkdir("settings.d"));
+    WriteFile(QDir(directory).filePath("inside.xml"), "inside");
     // A name as long as the file system allows: the file exists, but the
     // temporary name beside it would be too long.
     const QString longName = dir.filePath(QString(255, QLatin1Char('n')));
@@ -77,8 +77,8 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
     WDE large = testfixtures::CompleteWDE();
     large.GetExciterList().fill(WDE_Exciter(0), 500);
 
-    const QString cannotOpen = QStringLiteral("Cannot open '%1' for writing: ");
-    const QString cannotWrite = QStringLiteral("Cannot write '%1': ");
+    const QString cannotOpen = "Cannot open '%1' for writing: ";
+    const QString cannotWrite = "Cannot write '%1': ";
     const struct {
         const char* what;
         const IKMObject& record;
@@ -87,11 +87,11 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
         rlim_t limit;
         QString message;
     } failures[] = {
-        {"in a missing directory", small, dir.filePath(QStringLiteral("missing/settings.xml")),
-         RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
-        {"a directory", small, directory, RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
-        {"below a regular file", small, previous + QStringLiteral("/settings.xml"), RLIMIT_NOFILE,
+        {"in a missing directory", small, dir.filePath("missing/settings.xml"), RLIMIT_NOFILE,
          RLIM_INFINITY, cannotOpen},
+        {"a directory", small, directory, RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
+        {"below a regular file", small, previous + "/settings.xml", RLIMIT_NOFILE, RLIM_INFINITY,
+         cannotOpen},
         {"a name too long for its temporary", small, longName, RLIMIT_NOFILE, RLIM_INFINITY,
          cannotWrite},
         {"no file descriptor left", small, previous, RLIMIT_NOFILE, 0, cannotOpen},
@@ -106,7 +106,7 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
             << message.toStdString();
         EXPECT_EQ(FileContents(previous), previousBytes);
         EXPECT_EQ(FileContents(longName), previousBytes);
-        EXPECT_EQ(Entries(directory), QStringList{QStringLiteral("inside.xml")});
+        EXPECT_EQ(Entries(directory), QStringList{"inside.xml"});
         EXPECT_EQ(Entries(dir.path()), before); // no temporary file left behind
     }
 
@@ -139,8 +139,8 @@ TEST(FailedSaves, ASaveReplacesOnlyARegularFileAndKeepsItsModeAndOwner) {
     for (const QString& special : specials) {
         const mode_t before = status(special).st_mode;
         const QString message = ThrownMessage([&] { settings.SaveXml(special); });
-        EXPECT_TRUE(message.startsWith(
-            QStringLiteral("Cannot open '%1' for writing: it is a ").arg(special)))
+        EXPECT_TRUE(
+            message.startsWith(QString("Cannot open '%1' for writing: it is a ").arg(special)))
             << message.toStdString();
         EXPECT_EQ(status(special).st_mode, before);
     }

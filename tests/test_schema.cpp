@@ -46,7 +46,7 @@ struct Schema {
 const Schema& ReadSchema() {
     static const Schema schema = [] {
         Schema read;
-        QFile file(QStringLiteral(SCHEMA_FILE));
+        QFile file(QString(SCHEMA_FILE));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << SCHEMA_FILE;
         QXmlStreamReader reader(&file);
         QMap<QString, QStringList> unions;
@@ -118,7 +118,7 @@ Validation Validate(const QMap<QString, QString>& documents) {
         testsupport::WriteFile(dir.filePath(document.key()), document.value().toUtf8());
     QProcess xmllint;
     xmllint.setWorkingDirectory(dir.path());
-    xmllint.start(QStringLiteral(XMLLINT_PATH),
+    xmllint.start(QString(XMLLINT_PATH),
                   QStringList{"--noout", "--schema", SCHEMA_FILE} + documents.keys());
     EXPECT_TRUE(xmllint.waitForFinished(120000))
         << "xmllint (" XMLLINT_PATH ") did not run; scripts/bootstrap.sh installs libxml2-utils";
@@ -228,11 +228,11 @@ QMap<QString, QSet<QString>> TextsByPath(const QMap<QString, QString>& documents
 }
 
 QString Example(const char* name) {
-    return QString::fromUtf8(testsupport::FileContents(QStringLiteral(EXAMPLES_DIR "/") + name));
+    return QString::fromUtf8(testsupport::FileContents(QString(EXAMPLES_DIR "/") + name));
 }
 
 QString FormatReference() {
-    return QString::fromUtf8(testsupport::FileContents(QStringLiteral(FORMAT_REFERENCE)));
+    return QString::fromUtf8(testsupport::FileContents(QString(FORMAT_REFERENCE)));
 }
 
 } // namespace
@@ -297,7 +297,7 @@ TEST(Schema, ValidExamplesPassAndDamagedDocumentsFail) {
         QString damaged = base;
         damaged.replace(QString::fromUtf8(damage[0]), QString::fromUtf8(damage[1]));
         EXPECT_NE(damaged, base) << damage[0];
-        documents[QStringLiteral("damaged-%1.xml").arg(n++)] = damaged;
+        documents[QString("damaged-%1.xml").arg(n++)] = damaged;
     }
     const Validation validation = Validate(documents);
     EXPECT_EQ(validation.valid.keys(true),
