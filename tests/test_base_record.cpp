@@ -17,20 +17,14 @@
 
 using namespace KELMORA;
 using testfixtures::CompletePath;
+using testfixtures::Example;
+using testfixtures::Loaded;
 using testsupport::CheckMessage;
 using testsupport::FileContents;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
 
 namespace {
-
-const QString kExamples = QString(EXAMPLES_DIR "/");
-
-template <class Record = Exciter_Settings> Record Loaded(const QString& path) {
-    Record record;
-    record.LoadXml(path);
-    return record;
-}
 
 // Saves the record, loads the file into a fresh record and returns it.
 Exciter_Settings SavedAndReloaded(const Exciter_Settings& settings) {
@@ -153,14 +147,14 @@ TEST(BaseValues, ValueMinMaxAndScanParameter) {
 // A save writes exactly what GetXmlString gives, so one round trip that
 // changes nothing proves that any number of them change nothing.
 TEST(ExampleFiles, EveryValidExampleChecksAndSurvivesARoundTrip) {
-    for (const char* name : {"continuous.xml", "sweep.xml", "look_through.xml"}) {
+    for (const char* name : {"continuous", "sweep", "look_through"}) {
         SCOPED_TRACE(name);
-        const Exciter_Settings loaded = Loaded(kExamples + name);
+        const Exciter_Settings loaded = Example(name);
         EXPECT_NO_THROW(loaded.Check());
         EXPECT_EQ(SavedAndReloaded(loaded).GetXmlString(), loaded.GetXmlString());
     }
     // Changes made through the setters survive too.
-    Exciter_Settings settings = Loaded(kExamples + "look_through.xml");
+    Exciter_Settings settings = Example("look_through");
     settings.SetAutostart(false);
     settings.GetTGN().SetTGNModulation("AM ext");
     settings.GetSCU().GetATTANTPath().SetATT6(true);
@@ -180,7 +174,7 @@ TEST(ExampleFiles, EveryValidExampleChecksAndSurvivesARoundTrip) {
 }
 
 TEST(ExampleFiles, InvalidExampleLoadsButFailsCheckWithTheMissingSetting) {
-    const QString path = kExamples + "invalid_missing_transmit_time.xml";
+    const QString path = EXAMPLES_DIR "/invalid_missing_transmit_time.xml";
     Exciter_Settings settings = Loaded(path);
     EXPECT_EQ(testsupport::CheckMessage(settings), "SCU: Please set TransmitTime!");
     settings.SetValidate(true);

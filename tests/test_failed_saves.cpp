@@ -33,12 +33,6 @@ QStringList Entries(const QString& directory) {
         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-Exciter_Settings LookThrough() {
-    Exciter_Settings settings;
-    settings.LoadXml(QString(EXAMPLES_DIR "/look_through.xml"));
-    return settings;
-}
-
 // The message of the save, made while a resource limit is lowered to at
 // most `limit`. SIGXFSZ is ignored meanwhile, so that a write past the file
 // size limit fails with EFBIG instead of ending the process.
@@ -73,7 +67,7 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
     // The file size limit cuts a write off as a full disk does: for the small
     // document in the final flush, for the large one, far larger than the
     // file's write buffer, in write() itself.
-    const Exciter_Settings small = LookThrough();
+    const Exciter_Settings small = testfixtures::Example("look_through");
     WDE large = testfixtures::CompleteWDE();
     large.GetExciterList().fill(WDE_Exciter(0), 500);
 
@@ -123,7 +117,7 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
 // follows a symbolic link to the file it names.
 TEST(FailedSaves, ASaveReplacesOnlyARegularFileAndKeepsItsModeAndOwner) {
     QTemporaryDir dir;
-    const Exciter_Settings settings = LookThrough();
+    const Exciter_Settings settings = testfixtures::Example("look_through");
     const auto path = [&](const char* name) { return dir.filePath(QLatin1String(name)); };
     const auto status = [](const QString& file) {
         struct stat info {};

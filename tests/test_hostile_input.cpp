@@ -31,6 +31,7 @@
 
 using namespace KELMORA;
 using testsupport::FileContents;
+using testsupport::Outcome;
 using testsupport::ThrownMessage;
 using testsupport::WriteFile;
 
@@ -43,16 +44,6 @@ const int kMillion = 1000000;
 // the time bounds stretch and memory is not checked.
 bool UnderValgrind() {
     return EXCITERSETTINGS_UNDER_VALGRIND;
-}
-
-// The KMException's message, or a null string when the load succeeded.
-QString Outcome(const std::function<void()>& load) {
-    try {
-        load();
-    } catch (const KMException& failure) {
-        return failure.GetMessage();
-    }
-    return QString();
 }
 
 // The outcome of the load. Fails the test when it takes longer than
@@ -232,41 +223,32 @@ TEST(HostileInput, EveryExampleCutOffAtEveryByteIsAnXmlErrorUntilItIsWhole) {
 }
 
 TEST(HostileInput, ControlCharactersAndBrokenUtf8AreXmlErrors) {
-    // What XML 1.0 does not allow: control characters raw and as character
-    // references, in text, names and attributes; noncharacters; surrogates.
-    const QByteArray forbidden[] = {
-        QByteArray("<WDE><Mode>DE\x01T</Mode></WDE>"),
-        QByteArray("<WDE><Mode>DE\0T</Mode></WDE>", 27),
-        QByteArray("<WDE><M\x1bode>DET</M\x1bode></WDE>"),
-        QByteArray("<WDE><WDE_Exciter Name=\"a\x02z\"/></WDE>"),
-        QByteArray("<WDE><Mode>&#0;</Mode></WDE>"),
-        QByteArray("<WDE><Mode>&#x1F;</Mode></WDE>"),
-        QByteArray("<WDE><Mode>&#xFFFE;</Mode></WDE>"),
-        QByteArray("<WDE><Mode>&#xD800;</Mode></WDE>"),
-        QByteArray("<WDE><WDE_Exciter Name=\"&#x7;\"/></WDE>"),
-    };
-    // Bytes that are not UTF-8: stray, overlong, cut short, an encoded
-    // surrogate, beyond U+10FFFF; in text, names and attributes.
-    const QByteArray notUtf8[] = {
-        QByteArray("<WDE><Mode>DE\xffT</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xc0\xaf</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xe2\x82</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xed\xa0\x80</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xf4\x90\x80\x80</Mode></WDE>"),
-        QByteArray("<WDE><M\xc3ode>DET</M\xc3ode></WDE>"),
-        QByteArray("<WDE><WDE_Exciter Name=\"\xfe\"/></WDE>"),
-    };
+    // The WDE children, '|' between them. What XML 1.0 does not allow: control
+    // characters raw and as character references, in text, names and
+    // attributes; noncharacters; surrogates. Then bytes that are not UTF-8:
+    // stray, overlong, cut short, an encoded surrogate, beyond U+10FFFF; in
+    // text, names and attributes.
+    static const char kForbidden[] =
+        "<Mode>DE\x01T</Mode>|<Mode>DE\0T</Mode>|<M\x1bode>DET</M\x1bode>|"
+        "<WDE_Exciter Name=\"a\x02z\"/>|<Mode>&#0;</Mode>|<Mode>&#x1F;</Mode>|"
+        "<Mode>&#xFFFE;</Mode>|<Mode>&#xD800;</Mode>|<WDE_Exciter Name=\"&#x7;\"/>";
+    const QList<QByteArray> notUtf8 =
+        QByteArray(
+            "<Mode>DE\xffT</Mode>|<Mode>\xc0\xaf</Mode>|<Mode>\xe2\x82</Mode>|<Mode>\xed\xa0\x80"
+            "</Mode>|<Mode>\xf4\x90\x80\x80</Mode>|<M\xc3ode>DET</M\xc3ode>|<WDE_Exciter "
+            "Name=\"\xfe\"/>")
+            .split('|');
     QTemporaryDir dir;
     const QString path = dir.filePath("broken.xml");
     WDE wde;
-    for (const QByteArray& document : forbidden) {
-        WriteFile(path, document);
+    for (const QByteArray& children : QByteArray(kForbidden, sizeof kForbidden - 1).split('|')) {
+        WriteFile(path, "<WDE>" + children + "</WDE>");
         const QString fromFile = ThrownMessage([&] { wde.LoadXml(path); });
         EXPECT_TRUE(fromFile.startsWith("XML error: ")) << fromFile.toStdString();
         EXPECT_TRUE(fromFile.contains("(line 1, column ")) << fromFile.toStdString();
     }
-    for (const QByteArray& document : notUtf8) {
-        WriteFile(path, document);
+    for (const QByteArray& children : notUtf8) {
+        WriteFile(path, "<WDE>" + children + "</WDE>");
         EXPECT_EQ(ThrownMessage([&] { wde.LoadXml(path); }).left(52),
                   "XML error: Encountered incorrectly encoded content. ");
     }

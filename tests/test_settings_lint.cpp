@@ -15,14 +15,9 @@
 #include <QTemporaryDir>
 
 using namespace KELMORA;
+using testfixtures::Example;
 
 namespace {
-
-Exciter_Settings Example(const char* name) {
-    Exciter_Settings settings;
-    settings.LoadXml(QString(EXAMPLES_DIR "/%1.xml").arg(QLatin1String(name)));
-    return settings;
-}
 
 // Each record kind's own document, as the library writes it.
 QMap<QString, QString> Documents() {
@@ -220,14 +215,8 @@ TEST(SettingsLint, ReadsFilesAsLoadXmlDoes) {
     EXPECT_TRUE(none.isEmpty());
     EXPECT_EQ(loaded.GetWDE().GetExciterList().size(), 2);
 
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray text = file.readAll();
-    file.close();
-    text.replace("<TransmitTime>2.50<", "<TransmitTime>2.505<");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(text);
-    file.close();
+    testsupport::WriteFile(path, testsupport::FileContents(path).replace("<TransmitTime>2.50<",
+                                                                         "<TransmitTime>2.505<"));
     const QVector<LintFinding> findings = SettingsLint::LintXmlFile(path);
     ASSERT_EQ(findings.size(), 1);
     EXPECT_EQ(findings[0].path, "SCU/TransmitTime");
