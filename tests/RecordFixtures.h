@@ -3,6 +3,7 @@
 #define EXCITERSETTINGS_TESTS_RECORDFIXTURES_H
 
 #include <ATTANTPath.h>
+#include <Exciter_Settings.h>
 #include <SCU.h>
 #include <TGN.h>
 #include <WDE.h>
@@ -59,6 +60,16 @@ inline WDE CompleteWDE() {
     wde.SetExciterRXDelay(2e-6);
     wde.SetExciterTXDelay(3e-6);
     return wde;
+}
+
+// A record loaded from a file, by default an example file ("look_through").
+template <class Record = Exciter_Settings> Record Loaded(const QString& path) {
+    Record record;
+    record.LoadXml(path);
+    return record;
+}
+inline Exciter_Settings Example(const char* name) {
+    return Loaded(QString(EXAMPLES_DIR "/%1.xml").arg(QLatin1String(name)));
 }
 
 } // namespace testfixtures

@@ -7,6 +7,7 @@
 #include "NumberText.h"
 #include "RecordFixtures.h"
 #include "RecordFormat.h"
+#include "RecordVariants.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -97,49 +98,8 @@ TEST(NumberText, FormatsAndParsesExactlyAsQt) {
 
     // Texts outside the plain forms go to QString's own conversions, which
     // decide what blanks, signs, words and out-of-range values give.
-    for (const char* odd : {"",
-                            " 1",
-                            "1 ",
-                            "+1",
-                            ".5",
-                            "5.",
-                            "1e",
-                            "1e+",
-                            "e5",
-                            "-",
-                            "--1",
-                            "1.5.5",
-                            "1,5",
-                            "0x10",
-                            "nan",
-                            "inf",
-                            "-inf",
-                            "1e400",
-                            "-1e400",
-                            "1e-400",
-                            "0e-400",
-                            "-0",
-                            "0.000",
-                            "00012.5000",
-                            "1E5",
-                            "1e05",
-                            "4.9406564584124654e-324",
-                            "2.4703282292062328e-324",
-                            "1.7976931348623159e308",
-                            "123456789012345678901234567890123456789012345678901234567890",
-                            "0.1000000000000000055511151231257827021181583404541015625",
-                            "\xd9\xa1",
-                            "0",
-                            "007",
-                            "-7",
-                            "2147483647",
-                            "2147483648",
-                            "-2147483648",
-                            "-2147483649",
-                            "4294967295",
-                            "4294967296",
-                            "99999999999"}) {
-        const QString text = QString::fromUtf8(odd);
+    for (const std::string& odd : recordvariants::OddNumberTexts()) {
+        const QString text = QString::fromStdString(odd);
         const QStringView ref(text);
         EXPECT_TRUE(SameBits(NumberText::ToDouble(text), text.toDouble())) << odd;
         EXPECT_TRUE(SameBits(NumberText::ToDouble(ref), text.toDouble())) << odd;
@@ -164,8 +124,8 @@ TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
         // Whatever the text holds besides the alphabet is passed over, as
         // QByteArray::fromBase64 of its UTF-8 bytes passes it over.
         for (const QString& variant :
-             {text, text + QStringLiteral("AB"), QString(text).remove(QLatin1Char('=')),
-              QString(text).insert(text.size() / 2, QStringLiteral(" \n\t=é€😀\xE9")),
+             {text, text + "AB", QString(text).remove(QLatin1Char('=')),
+              QString(text).insert(text.size() / 2, " \n\t=é€😀\xE9"),
               QString(text).insert(1, QChar(0xD800)), text.left(text.size() * 2 / 3)}) {
             const QByteArray decoded = QByteArray::fromBase64(variant.toUtf8());
             ASSERT_EQ(LittleEndianBytes(DoubleListCodec::Decode(variant)),
@@ -178,7 +138,7 @@ TEST(DoubleListCodec, MatchesQByteArrayBase64BothWays) {
 TEST(ElementText, ReadsWhatGetTextValueReads) {
     QString list; // 1600 characters: longer than the text kept on the stack
     for (int i = 0; i < 200; ++i)
-        list += QStringLiteral("AAAAAAAA8D8=").left(i % 2 ? 12 : 11);
+        list += QString("AAAAAAAA8D8=").left(i % 2 ? 12 : 11);
     // The last two: the document ends inside the element, or breaks there.
     for (const char* element :
          {"<v>1.5</v>", "<v/>", "<v></v>", "<v> 2.5 </v>", "<v>1<!-- a comment -->5</v>",
@@ -187,9 +147,8 @@ TEST(ElementText, ReadsWhatGetTextValueReads) {
           "<v>AAAAAAAA<!-- - -->8D8=</v>", "<v>LIST</v>", "<v>LIST<!---->AAAAAAAAAEA=</v>",
           "<v>2.5", "<v>2.5</w>"}) {
         SCOPED_TRACE(element);
-        const QString document = QStringLiteral("<r>%1<next/></r>")
-                                     .arg(QString::fromLatin1(element))
-                                     .replace(QLatin1String("LIST"), list);
+        const QString document =
+            QString("<r>%1<next/></r>").arg(QString::fromLatin1(element)).replace("LIST", list);
         QXmlStreamReader expected(document);
         OpenValue(expected);
         QString text;
@@ -246,11 +205,11 @@ TEST(DocumentText, IsWhatTheUtf8WriterWrites) {
     // in front, the pairs of a name that spans the first boundary fall on
     // both sides of it.
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("wde.xml"));
-    for (const QString& front : {QString(), QStringLiteral("x")}) {
+    const QString path = dir.filePath("wde.xml");
+    for (const QString& front : {QString(), QString("x")}) {
         WDE wde = testfixtures::CompleteWDE();
         for (const QString& name :
-             {QStringLiteral("Ä<&>\"' \t ü€ end"),
+             {QString("Ä<&>\"' \t ü€ end"),
               front + QString::fromUtf8("\xf0\x9f\x98\x80").repeated(600000)}) {
             WDE_Exciter exciter(wde.GetExciterList().size());
             exciter.SetItemName(name);
@@ -267,20 +226,20 @@ TEST(DocumentText, LargeTextsReadAsTheReaderReadsAQString) {
     WDE wde = testfixtures::CompleteWDE();
     for (int i = 0; i < 300; ++i) {
         WDE_Exciter exciter(i);
-        exciter.SetItemName(QStringLiteral("Sender é %1").arg(i));
+        exciter.SetItemName(QString("Sender é %1").arg(i));
         wde.GetExciterList().append(exciter);
     }
     const QString written = wde.GetXmlString();
-    const QString body = written.mid(written.indexOf(QStringLiteral("?>")) + 2);
+    const QString body = written.mid(written.indexOf("?>") + 2);
     ASSERT_GT(body.size(), 16384);
 
     // A QString is Unicode already: whatever encoding its declaration names,
     // and whether it has a declaration or a byte order mark, it reads the same.
     for (const QString& text :
          {written, body, QChar(0xFEFF) + written,
-          QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>") + body,
-          QStringLiteral("<?xml version=\"1.0\" encoding = 'utf-8' standalone=\"yes\"?>") + body,
-          QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-16\"?>") + body}) {
+          "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + body,
+          "<?xml version=\"1.0\" encoding = 'utf-8' standalone=\"yes\"?>" + body,
+          "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + body}) {
         SCOPED_TRACE(text.left(60).toStdString());
         WDE read;
         read.SetXmlString(text);
@@ -289,15 +248,14 @@ TEST(DocumentText, LargeTextsReadAsTheReaderReadsAQString) {
 
     // A failure far into a large text is reported where the reader finds it.
     QString broken = written;
-    broken.replace(broken.lastIndexOf(QStringLiteral("</WDE_Exciter>")), 14,
-                   QStringLiteral("</WDE_Exciters>"));
+    broken.replace(broken.lastIndexOf("</WDE_Exciter>"), 14, "</WDE_Exciters>");
     QXmlStreamReader reference(broken);
     while (!reference.atEnd())
         reference.readNext();
     ASSERT_TRUE(reference.hasError());
     WDE read;
     EXPECT_EQ(testsupport::ThrownMessage([&] { read.SetXmlString(broken); }),
-              QStringLiteral("XML error: %1 (line %2, column %3)")
+              QString("XML error: %1 (line %2, column %3)")
                   .arg(reference.errorString())
                   .arg(reference.lineNumber())
                   .arg(reference.columnNumber()));
@@ -306,19 +264,18 @@ TEST(DocumentText, LargeTextsReadAsTheReaderReadsAQString) {
 
 TEST(ItemsReadInPlace, AnItemThatFailsToReadLeavesItsListAsItWas) {
     WDE wde;
-    wde.SetXmlString(QStringLiteral("<WDE><ExciterList><WDE_Exciter Name=\"kept\"/></ExciterList>"
-                                    "</WDE>"));
+    wde.SetXmlString("<WDE><ExciterList><WDE_Exciter Name=\"kept\"/></ExciterList>"
+                     "</WDE>");
     const QVector<WDE_Exciter> before = wde.GetExciterList();
 
     // An XML error inside the second exciter, after its level was read.
     EXPECT_TRUE(testsupport::ThrownMessage([&] {
-                    wde.SetXmlString(
-                        QStringLiteral("<WDE><GuardTime>4</GuardTime><WDE_Exciter><Level>-3</Level>"
-                                       "<SymbolRate>1</Level></WDE_Exciter></WDE>"));
-                }).startsWith(QStringLiteral("XML error: ")));
+                    wde.SetXmlString("<WDE><GuardTime>4</GuardTime><WDE_Exciter><Level>-3</Level>"
+                                     "<SymbolRate>1</Level></WDE_Exciter></WDE>");
+                }).startsWith("XML error: "));
     EXPECT_EQ(wde.GetGuardTime(), 4.0); // read before the failure, kept
     ASSERT_EQ(wde.GetExciterList().size(), 1);
-    EXPECT_EQ(wde.GetExciterList()[0].GetItemName(), QStringLiteral("kept"));
+    EXPECT_EQ(wde.GetExciterList()[0].GetItemName(), "kept");
     EXPECT_EQ(wde.GetExciterList()[0].GetLevel(), before[0].GetLevel());
 
     // Items keep the version text they are read with, shared or not: none
@@ -333,16 +290,15 @@ TEST(ItemsReadInPlace, AnItemThatFailsToReadLeavesItsListAsItWas) {
 
 TEST(DocumentText, SaveXmlReportsARecordWithoutSettingsFirst) {
     QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("path.xml"));
+    const QString file = dir.filePath("path.xml");
     testfixtures::CompletePath().SaveXml(file);
     const QByteArray saved = testsupport::FileContents(file);
 
     // Nothing to save counts before a file that cannot be written. The file
     // stays, and no temporary file is left behind.
-    for (const QString& target : {file, dir.filePath(QStringLiteral("no/such/folder/path.xml"))})
-        EXPECT_EQ(
-            testsupport::ThrownMessage([&] { ATTANTPath().SaveXml(target); }),
-            QStringLiteral("Cannot save '%1': ATTANTPath holds no complete settings").arg(target));
+    for (const QString& target : {file, dir.filePath("no/such/folder/path.xml")})
+        EXPECT_EQ(testsupport::ThrownMessage([&] { ATTANTPath().SaveXml(target); }),
+                  QString("Cannot save '%1': ATTANTPath holds no complete settings").arg(target));
     EXPECT_EQ(testsupport::FileContents(file), saved);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("path.xml")});
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"path.xml"});
 }

@@ -33,12 +33,6 @@ QStringList Entries(const QString& directory) {
         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-Exciter_Settings LookThrough() {
-    Exciter_Settings settings;
-    settings.LoadXml(QStringLiteral(EXAMPLES_DIR "/look_through.xml"));
-    return settings;
-}
-
 // The message of the save, made while a resource limit is lowered to at
 // most `limit`. SIGXFSZ is ignored meanwhile, so that a write past the file
 // size limit fails with EFBIG instead of ending the process.
@@ -59,12 +53,12 @@ QString SaveFailure(const IKMObject& record, const QString& target, int resource
 
 TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
     QTemporaryDir dir;
-    const QString previous = dir.filePath(QStringLiteral("settings.xml"));
+    const QString previous = dir.filePath("settings.xml");
     const QByteArray previousBytes = "<Exciter_Settings>the previous file</Exciter_Settings>\n";
     WriteFile(previous, previousBytes);
-    const QString directory = dir.filePath(QStringLiteral("settings.d"));
-    ASSERT_TRUE(QDir(dir.path()).mkdir(QStringLiteral("settings.d")));
-    WriteFile(QDir(directory).filePath(QStringLiteral("inside.xml")), "inside");
+    const QString directory = dir.filePath("settings.d");
+    ASSERT_TRUE(QDir(dir.path()).mkdir("settings.d"));
+    WriteFile(QDir(directory).filePath("inside.xml"), "inside");
     // A name as long as the file system allows: the file exists, but the
     // temporary name beside it would be too long.
     const QString longName = dir.filePath(QString(255, QLatin1Char('n')));
@@ -73,12 +67,12 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
     // The file size limit cuts a write off as a full disk does: for the small
     // document in the final flush, for the large one, far larger than the
     // file's write buffer, in write() itself.
-    const Exciter_Settings small = LookThrough();
+    const Exciter_Settings small = testfixtures::Example("look_through");
     WDE large = testfixtures::CompleteWDE();
     large.GetExciterList().fill(WDE_Exciter(0), 500);
 
-    const QString cannotOpen = QStringLiteral("Cannot open '%1' for writing: ");
-    const QString cannotWrite = QStringLiteral("Cannot write '%1': ");
+    const QString cannotOpen = "Cannot open '%1' for writing: ";
+    const QString cannotWrite = "Cannot write '%1': ";
     const struct {
         const char* what;
         const IKMObject& record;
@@ -87,11 +81,11 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
         rlim_t limit;
         QString message;
     } failures[] = {
-        {"in a missing directory", small, dir.filePath(QStringLiteral("missing/settings.xml")),
-         RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
-        {"a directory", small, directory, RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
-        {"below a regular file", small, previous + QStringLiteral("/settings.xml"), RLIMIT_NOFILE,
+        {"in a missing directory", small, dir.filePath("missing/settings.xml"), RLIMIT_NOFILE,
          RLIM_INFINITY, cannotOpen},
+        {"a directory", small, directory, RLIMIT_NOFILE, RLIM_INFINITY, cannotOpen},
+        {"below a regular file", small, previous + "/settings.xml", RLIMIT_NOFILE, RLIM_INFINITY,
+         cannotOpen},
         {"a name too long for its temporary", small, longName, RLIMIT_NOFILE, RLIM_INFINITY,
          cannotWrite},
         {"no file descriptor left", small, previous, RLIMIT_NOFILE, 0, cannotOpen},
@@ -106,7 +100,7 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
             << message.toStdString();
         EXPECT_EQ(FileContents(previous), previousBytes);
         EXPECT_EQ(FileContents(longName), previousBytes);
-        EXPECT_EQ(Entries(directory), QStringList{QStringLiteral("inside.xml")});
+        EXPECT_EQ(Entries(directory), QStringList{"inside.xml"});
         EXPECT_EQ(Entries(dir.path()), before); // no temporary file left behind
     }
 
@@ -123,7 +117,7 @@ TEST(FailedSaves, SavesThatFailKeepEverythingAsItWas) {
 // follows a symbolic link to the file it names.
 TEST(FailedSaves, ASaveReplacesOnlyARegularFileAndKeepsItsModeAndOwner) {
     QTemporaryDir dir;
-    const Exciter_Settings settings = LookThrough();
+    const Exciter_Settings settings = testfixtures::Example("look_through");
     const auto path = [&](const char* name) { return dir.filePath(QLatin1String(name)); };
     const auto status = [](const QString& file) {
         struct stat info {};
@@ -139,8 +133,8 @@ TEST(FailedSaves, ASaveReplacesOnlyARegularFileAndKeepsItsModeAndOwner) {
     for (const QString& special : specials) {
         const mode_t before = status(special).st_mode;
         const QString message = ThrownMessage([&] { settings.SaveXml(special); });
-        EXPECT_TRUE(message.startsWith(
-            QStringLiteral("Cannot open '%1' for writing: it is a ").arg(special)))
+        EXPECT_TRUE(
+            message.startsWith(QString("Cannot open '%1' for writing: it is a ").arg(special)))
             << message.toStdString();
         EXPECT_EQ(status(special).st_mode, before);
     }

@@ -29,17 +29,17 @@ template <class Record> Record FixedPoint(const QString& xml) {
 
 TEST(FuzzRegressions, KeptFuzzInputsAreFixedPoints) {
     // Each file is named after the target that found it.
-    const QDir folder(QStringLiteral(FUZZ_INPUTS_DIR));
-    const QStringList files = folder.entryList({QStringLiteral("*.xml")}, QDir::Files);
+    const QDir folder(QString(FUZZ_INPUTS_DIR));
+    const QStringList files = folder.entryList({"*.xml"}, QDir::Files);
     ASSERT_GE(files.size(), 6);
     for (const QString& name : files) {
         SCOPED_TRACE(name.toStdString());
         const QString xml = QString::fromUtf8(testsupport::FileContents(folder.filePath(name)));
-        if (name.startsWith(QLatin1String("exciter_settings-")))
+        if (name.startsWith("exciter_settings-"))
             FixedPoint<Exciter_Settings>(xml);
-        else if (name.startsWith(QLatin1String("tgn-")))
+        else if (name.startsWith("tgn-"))
             FixedPoint<TGN>(xml);
-        else if (name.startsWith(QLatin1String("wde-")))
+        else if (name.startsWith("wde-"))
             FixedPoint<WDE>(xml);
         else
             ADD_FAILURE() << "no record for " << name.toStdString();
@@ -70,10 +70,9 @@ TEST(FuzzRegressions, ReducedFaultsStayFixed) {
     };
     for (const auto& c : cases) {
         const auto tgn = FixedPoint<TGN>(
-            QStringLiteral(
-                "<TGN Version=\"1.0\"><Frequency>100</Frequency><Bandwidth>25</Bandwidth>"
-                "<Power>1</Power><LevelSettingsMode>auto</LevelSettingsMode>"
-                "<Reference>intern</Reference><TGNModulation>CW</TGNModulation>%1</TGN>")
+            QString("<TGN Version=\"1.0\"><Frequency>100</Frequency><Bandwidth>25</Bandwidth>"
+                    "<Power>1</Power><LevelSettingsMode>auto</LevelSettingsMode>"
+                    "<Reference>intern</Reference><TGNModulation>CW</TGNModulation>%1</TGN>")
                 .arg(QLatin1String(c[0])));
         EXPECT_TRUE(testsupport::WrittenXml(tgn).contains(QLatin1String(c[1])))
             << testsupport::WrittenXml(tgn).toStdString();
@@ -83,9 +82,9 @@ TEST(FuzzRegressions, ReducedFaultsStayFixed) {
 TEST(FuzzRegressions, AnItemIndexThatIsTheUnsetMarkerIsNotStored) {
     // "-2147483648" converts to the value that marks an index as unset: stored,
     // the item wrote no Index and took its list position when read back.
-    auto wde = testsupport::ReadFrom<WDE>(QStringLiteral(
+    auto wde = testsupport::ReadFrom<WDE>(
         "<WDE Version=\"0.1\"><ExciterList><WDE_Exciter Version=\"0.1\" Index=\"5\"/>"
-        "<WDE_Exciter Version=\"0.1\" Index=\"-2147483648\"/></ExciterList></WDE>"));
+        "<WDE_Exciter Version=\"0.1\" Index=\"-2147483648\"/></ExciterList></WDE>");
     ASSERT_EQ(wde.GetExciterList().size(), 2);
     EXPECT_EQ(wde.GetExciterList()[1].GetIndex(), 1); // the position, as without the attribute
 }

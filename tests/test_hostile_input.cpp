@@ -31,6 +31,7 @@
 
 using namespace KELMORA;
 using testsupport::FileContents;
+using testsupport::Outcome;
 using testsupport::ThrownMessage;
 using testsupport::WriteFile;
 
@@ -45,20 +46,10 @@ bool UnderValgrind() {
     return EXCITERSETTINGS_UNDER_VALGRIND;
 }
 
-// The KMException's message, or a null string when the load succeeded.
-QString Outcome(const std::function<void()>& load) {
-    try {
-        load();
-    } catch (const KMException& failure) {
-        return failure.GetMessage();
-    }
-    return QString();
-}
-
 // The outcome of the load. Fails the test when it takes longer than
 // `seconds` or its peak resident set reaches `mebibytes`.
 QString BoundedOutcome(int seconds, long mebibytes, const std::function<void()>& load) {
-    QFile refs(QStringLiteral("/proc/self/clear_refs")); // resets the peak
+    QFile refs("/proc/self/clear_refs"); // resets the peak
     if (refs.open(QIODevice::WriteOnly))
         refs.write("5");
     QElapsedTimer timer;
@@ -66,8 +57,8 @@ QString BoundedOutcome(int seconds, long mebibytes, const std::function<void()>&
     QString message = Outcome(load);
     EXPECT_LT(timer.elapsed(), seconds * 1000LL * (UnderValgrind() ? 50 : 1));
     const QRegularExpressionMatch peak =
-        QRegularExpression(QStringLiteral("VmHWM:\\s*(\\d+) kB"))
-            .match(QString::fromLatin1(FileContents(QStringLiteral("/proc/self/status"))));
+        QRegularExpression("VmHWM:\\s*(\\d+) kB")
+            .match(QString::fromLatin1(FileContents("/proc/self/status")));
     if (!UnderValgrind() && peak.hasMatch()) { // not every system tells
         EXPECT_LT(peak.captured(1).toLong() / 1024, mebibytes);
     }
@@ -96,7 +87,7 @@ QString GoodWDE() {
 
 // <root> around `depth` levels of <element>, around `inner`.
 QString Nested(const char* root, const char* element, int depth, const QString& inner = QString()) {
-    const QString open = QStringLiteral("<%1>"), close = QStringLiteral("</%1>");
+    const QString open = "<%1>", close = "</%1>";
     const QString name = QString::fromLatin1(element), rootName = QString::fromLatin1(root);
     return open.arg(rootName) + open.arg(name).repeated(depth) + inner +
            close.arg(name).repeated(depth) + close.arg(rootName);
@@ -111,18 +102,17 @@ TEST(HostileInput, NestingEndsAtTheDepthLimitOrAtTheWrapperLimit) {
     for (const char* element : {"ExciterList", "WDE_Exciter", "Unknown"}) {
         wde.Reset();
         EXPECT_TRUE(LoadBounded(wde, Nested("WDE", element, kMillion), 5)
-                        .startsWith(QLatin1String("Input limit exceeded: elements nested deeper "
-                                                  "than 256 levels (maxDepth) (line 1, column ")));
+                        .startsWith("Input limit exceeded: elements nested deeper "
+                                    "than 256 levels (maxDepth) (line 1, column "));
     }
     // Within it, wrappers in wrappers: the element loop follows 32 levels
     // (the root and 31 wrappers, so the item in the deepest is read), then
     // stops. (All four list wrappers and the simulation's own run that same
     // loop.)
-    const QString tooDeep = QStringLiteral("WDE: elements nested too deeply (line 1)");
+    const QString tooDeep = "WDE: elements nested too deeply (line 1)";
     for (const auto& [depth, outcome] : {std::pair<int, QString>{31, QString()}, {32, tooDeep}}) {
         wde.Reset();
-        const QString nested =
-            Nested("WDE", "ExciterList", depth, QStringLiteral("<WDE_Exciter/>"));
+        const QString nested = Nested("WDE", "ExciterList", depth, "<WDE_Exciter/>");
         EXPECT_EQ(LoadBounded(wde, nested), outcome) << depth;
         EXPECT_EQ(wde.GetExciterList().size(), outcome.isNull() ? 1 : 0) << depth;
     }
@@ -135,26 +125,23 @@ TEST(HostileInput, NestingEndsAtTheDepthLimitOrAtTheWrapperLimit) {
     // inside one of them: passed over, and the value is read whole.
     wde.Reset();
     const QString unknown = Nested("Unknown", "Unknown", 120);
-    EXPECT_TRUE(
-        LoadBounded(wde, QStringLiteral("<WDE>%1<Mode>%1DET</Mode></WDE>").arg(unknown)).isNull());
-    EXPECT_EQ(
-        wde.GetXmlString(),
-        testsupport::ReadFrom<WDE>(QStringLiteral("<WDE><Mode>DET</Mode></WDE>")).GetXmlString());
+    EXPECT_TRUE(LoadBounded(wde, QString("<WDE>%1<Mode>%1DET</Mode></WDE>").arg(unknown)).isNull());
+    EXPECT_EQ(wde.GetXmlString(),
+              testsupport::ReadFrom<WDE>("<WDE><Mode>DET</Mode></WDE>").GetXmlString());
     ExpectUsable(wde, GoodWDE());
 }
 
 TEST(HostileInput, DocumentTypeDeclarationsAreRefusedSoNoEntityIsEverExpanded) {
-    const QString refused =
-        QStringLiteral("XML error: document type declarations are not accepted (line %1)");
+    const QString refused = "XML error: document type declarations are not accepted (line %1)";
     WDE wde;
     // A billion laughs: ten levels of entities, each ten of the one below.
-    QString laughs = QStringLiteral("<?xml version=\"1.0\"?>\n<!DOCTYPE WDE [\n"
-                                    "<!ENTITY lol0 \"lol\">\n");
+    QString laughs = "<?xml version=\"1.0\"?>\n<!DOCTYPE WDE [\n"
+                     "<!ENTITY lol0 \"lol\">\n";
     for (int level = 1; level < 10; ++level)
-        laughs += QStringLiteral("<!ENTITY lol%1 \"%2\">\n")
+        laughs += QString("<!ENTITY lol%1 \"%2\">\n")
                       .arg(level)
-                      .arg(QStringLiteral("&lol%1;").arg(level - 1).repeated(10));
-    laughs += QStringLiteral("]>\n<WDE><Mode>&lol9;</Mode></WDE>\n");
+                      .arg(QString("&lol%1;").arg(level - 1).repeated(10));
+    laughs += "]>\n<WDE><Mode>&lol9;</Mode></WDE>\n";
     EXPECT_EQ(LoadBounded(wde, laughs, 2, 256), refused.arg(13)); // where the declaration ends
 
     // External entities naming a local file, in the internal subset, as the
@@ -162,15 +149,15 @@ TEST(HostileInput, DocumentTypeDeclarationsAreRefusedSoNoEntityIsEverExpanded) {
     // content shows up nowhere: not in the record, not in what it writes,
     // not in the message.
     QTemporaryDir dir;
-    const QString secretPath = dir.filePath(QStringLiteral("secret.txt"));
-    const QString secret = QStringLiteral("DETX-SECRET-7f3a");
+    const QString secretPath = dir.filePath("secret.txt");
+    const QString secret = "DETX-SECRET-7f3a";
     WriteFile(secretPath, secret.toLatin1());
     const QString external[] = {
-        QStringLiteral("<!DOCTYPE WDE [<!ENTITY x SYSTEM \"%1\">]>\n"
-                       "<WDE><Mode>&x;</Mode><ExciterList><WDE_Exciter>"
-                       "<SignalType>&x;</SignalType></WDE_Exciter></ExciterList></WDE>"),
-        QStringLiteral("<!DOCTYPE WDE SYSTEM \"%1\">\n<WDE><Mode>&x;</Mode></WDE>"),
-        QStringLiteral("<!DOCTYPE WDE [<!ENTITY % p SYSTEM \"%1\"> %p;]>\n<WDE/>"),
+        "<!DOCTYPE WDE [<!ENTITY x SYSTEM \"%1\">]>\n"
+        "<WDE><Mode>&x;</Mode><ExciterList><WDE_Exciter>"
+        "<SignalType>&x;</SignalType></WDE_Exciter></ExciterList></WDE>",
+        "<!DOCTYPE WDE SYSTEM \"%1\">\n<WDE><Mode>&x;</Mode></WDE>",
+        "<!DOCTYPE WDE [<!ENTITY % p SYSTEM \"%1\"> %p;]>\n<WDE/>",
     };
     for (const QString& document : external) {
         SCOPED_TRACE(document.toStdString());
@@ -198,7 +185,7 @@ template <typename Record> void ExpectEveryPrefixFailsOrLoadsWhole(const QString
         const QByteArray prefix = whole.left(length);
         // A new file each time: truncating one file over and over makes the
         // file system flush it on every close, which is slow.
-        const QString cut = dir.filePath(QStringLiteral("cut%1.xml").arg(length));
+        const QString cut = dir.filePath(QString("cut%1.xml").arg(length));
         WriteFile(cut, prefix);
         const std::function<void()> loads[] = {
             [&] { record.SetXmlString(QString::fromUtf8(prefix)); },
@@ -208,7 +195,7 @@ template <typename Record> void ExpectEveryPrefixFailsOrLoadsWhole(const QString
             record.Reset();
             const QString message = Outcome(load);
             if (length < rootEnd) {
-                EXPECT_TRUE(message.startsWith(QStringLiteral("XML error: ")))
+                EXPECT_TRUE(message.startsWith("XML error: "))
                     << path.toStdString() << " cut at " << length << ": " << message.toStdString();
                 EXPECT_GE(record.GetFailureLine(), 1);
                 EXPECT_LE(record.GetFailureLine(), prefix.count('\n') + 1);
@@ -224,11 +211,11 @@ template <typename Record> void ExpectEveryPrefixFailsOrLoadsWhole(const QString
 } // namespace
 
 TEST(HostileInput, EveryExampleCutOffAtEveryByteIsAnXmlErrorUntilItIsWhole) {
-    const QDir examples(QStringLiteral(EXAMPLES_DIR));
-    const QStringList names = examples.entryList({QStringLiteral("*.xml")}, QDir::Files);
-    ASSERT_TRUE(names.contains(QStringLiteral("look_through.xml")));
+    const QDir examples(QString(EXAMPLES_DIR));
+    const QStringList names = examples.entryList({"*.xml"}, QDir::Files);
+    ASSERT_TRUE(names.contains("look_through.xml"));
     for (const QString& name : names) {
-        if (name.startsWith(QStringLiteral("attantpath")))
+        if (name.startsWith("attantpath"))
             ExpectEveryPrefixFailsOrLoadsWhole<ATTANTPath>(examples.filePath(name));
         else
             ExpectEveryPrefixFailsOrLoadsWhole<Exciter_Settings>(examples.filePath(name));
@@ -236,44 +223,34 @@ TEST(HostileInput, EveryExampleCutOffAtEveryByteIsAnXmlErrorUntilItIsWhole) {
 }
 
 TEST(HostileInput, ControlCharactersAndBrokenUtf8AreXmlErrors) {
-    // What XML 1.0 does not allow: control characters raw and as character
-    // references, in text, names and attributes; noncharacters; surrogates.
-    const QByteArray forbidden[] = {
-        QByteArray("<WDE><Mode>DE\x01T</Mode></WDE>"),
-        QByteArray("<WDE><Mode>DE\0T</Mode></WDE>", 27),
-        QByteArray("<WDE><M\x1bode>DET</M\x1bode></WDE>"),
-        QByteArray("<WDE><WDE_Exciter Name=\"a\x02z\"/></WDE>"),
-        QByteArray("<WDE><Mode>&#0;</Mode></WDE>"),
-        QByteArray("<WDE><Mode>&#x1F;</Mode></WDE>"),
-        QByteArray("<WDE><Mode>&#xFFFE;</Mode></WDE>"),
-        QByteArray("<WDE><Mode>&#xD800;</Mode></WDE>"),
-        QByteArray("<WDE><WDE_Exciter Name=\"&#x7;\"/></WDE>"),
-    };
-    // Bytes that are not UTF-8: stray, overlong, cut short, an encoded
-    // surrogate, beyond U+10FFFF; in text, names and attributes.
-    const QByteArray notUtf8[] = {
-        QByteArray("<WDE><Mode>DE\xffT</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xc0\xaf</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xe2\x82</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xed\xa0\x80</Mode></WDE>"),
-        QByteArray("<WDE><Mode>\xf4\x90\x80\x80</Mode></WDE>"),
-        QByteArray("<WDE><M\xc3ode>DET</M\xc3ode></WDE>"),
-        QByteArray("<WDE><WDE_Exciter Name=\"\xfe\"/></WDE>"),
-    };
+    // The WDE children, '|' between them. What XML 1.0 does not allow: control
+    // characters raw and as character references, in text, names and
+    // attributes; noncharacters; surrogates. Then bytes that are not UTF-8:
+    // stray, overlong, cut short, an encoded surrogate, beyond U+10FFFF; in
+    // text, names and attributes.
+    static const char kForbidden[] =
+        "<Mode>DE\x01T</Mode>|<Mode>DE\0T</Mode>|<M\x1bode>DET</M\x1bode>|"
+        "<WDE_Exciter Name=\"a\x02z\"/>|<Mode>&#0;</Mode>|<Mode>&#x1F;</Mode>|"
+        "<Mode>&#xFFFE;</Mode>|<Mode>&#xD800;</Mode>|<WDE_Exciter Name=\"&#x7;\"/>";
+    const QList<QByteArray> notUtf8 =
+        QByteArray(
+            "<Mode>DE\xffT</Mode>|<Mode>\xc0\xaf</Mode>|<Mode>\xe2\x82</Mode>|<Mode>\xed\xa0\x80"
+            "</Mode>|<Mode>\xf4\x90\x80\x80</Mode>|<M\xc3ode>DET</M\xc3ode>|<WDE_Exciter "
+            "Name=\"\xfe\"/>")
+            .split('|');
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("broken.xml"));
+    const QString path = dir.filePath("broken.xml");
     WDE wde;
-    for (const QByteArray& document : forbidden) {
-        WriteFile(path, document);
+    for (const QByteArray& children : QByteArray(kForbidden, sizeof kForbidden - 1).split('|')) {
+        WriteFile(path, "<WDE>" + children + "</WDE>");
         const QString fromFile = ThrownMessage([&] { wde.LoadXml(path); });
-        EXPECT_TRUE(fromFile.startsWith(QStringLiteral("XML error: "))) << fromFile.toStdString();
-        EXPECT_TRUE(fromFile.contains(QStringLiteral("(line 1, column ")))
-            << fromFile.toStdString();
+        EXPECT_TRUE(fromFile.startsWith("XML error: ")) << fromFile.toStdString();
+        EXPECT_TRUE(fromFile.contains("(line 1, column ")) << fromFile.toStdString();
     }
-    for (const QByteArray& document : notUtf8) {
-        WriteFile(path, document);
+    for (const QByteArray& children : notUtf8) {
+        WriteFile(path, "<WDE>" + children + "</WDE>");
         EXPECT_EQ(ThrownMessage([&] { wde.LoadXml(path); }).left(52),
-                  QStringLiteral("XML error: Encountered incorrectly encoded content. "));
+                  "XML error: Encountered incorrectly encoded content. ");
     }
     EXPECT_TRUE(wde.GetExciterList().isEmpty());
 
@@ -286,11 +263,11 @@ TEST(HostileInput, ControlCharactersAndBrokenUtf8AreXmlErrors) {
                   tgn.SetXmlString(
                       QString::fromUtf8("<TGN><TGNModulation>C\xffW</TGNModulation></TGN>"));
               }),
-              QStringLiteral("TGN: Unknown TGNModulation 'C%1W'").arg(QChar(0xFFFD)));
+              QString("TGN: Unknown TGNModulation 'C%1W'").arg(QChar(0xFFFD)));
     wde.SetXmlString(QString::fromUtf8("<WDE><WDE_Exciter Name=\"a\x7f\xc2\x85z\"/></WDE>"));
     ASSERT_EQ(wde.GetExciterList().size(), 1);
     EXPECT_EQ(wde.GetExciterList()[0].GetItemName(),
-              QStringLiteral("a%1%2z").arg(QChar(0x7f)).arg(QChar(0x85)));
+              QString("a%1%2z").arg(QChar(0x7f)).arg(QChar(0x85)));
     ExpectUsable(wde, GoodWDE());
 }
 
@@ -302,16 +279,16 @@ TEST(HostileInput, TextsStoredThroughSettersAlwaysWriteReadableDocuments) {
         QString stored;
         QString readBack;
     } texts[] = {
-        {QStringLiteral("a%1b").arg(QChar(0x01)), QStringLiteral("ab")},
-        {QStringLiteral("a%1b").arg(QChar(0x00)), QStringLiteral("ab")},
-        {QStringLiteral("a%1b").arg(QChar(0xFFFE)), QStringLiteral("ab")},
-        {QStringLiteral("a%1b").arg(QChar(0xD800)), QStringLiteral("a?b")},
-        {QStringLiteral("a%1b").arg(QChar(0xDC00)), QStringLiteral("a?b")},
+        {QString("a%1b").arg(QChar(0x01)), "ab"},
+        {QString("a%1b").arg(QChar(0x00)), "ab"},
+        {QString("a%1b").arg(QChar(0xFFFE)), "ab"},
+        {QString("a%1b").arg(QChar(0xD800)), "a?b"},
+        {QString("a%1b").arg(QChar(0xDC00)), "a?b"},
         {QString::fromUtf8("\xf0\x9f\x98\x80 \xc3\xa4\x7f\ttab"),
          QString::fromUtf8("\xf0\x9f\x98\x80 \xc3\xa4\x7f\ttab")},
     };
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("written.xml"));
+    const QString path = dir.filePath("written.xml");
     for (const auto& text : texts) {
         SCOPED_TRACE(text.stored.toUtf8().toHex().toStdString());
         // In an attribute: the item name, through the text and file forms.
@@ -352,7 +329,7 @@ TEST(HostileInput, AHundredMegabyteBase64FrequencyTextLoadsInBoundedTimeAndMemor
     const int megabyte = 1000 * 1000;
     const QByteArray chunk = unit.repeated(megabyte / unit.size());
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("raster.xml"));
+    const QString path = dir.filePath("raster.xml");
     WriteFile(path, "<WDE_Rasterdetector Version=\"0.1\" Index=\"2\"><ChannelStep>25000"
                     "</ChannelStep><Frequency>" +
                         chunk.repeated(100) + "</Frequency></WDE_Rasterdetector>\n");
@@ -361,7 +338,7 @@ TEST(HostileInput, AHundredMegabyteBase64FrequencyTextLoadsInBoundedTimeAndMemor
     WDE_Rasterdetector raster;
     EXPECT_TRUE(ThrownMessage([&] {
                     raster.LoadXml(path);
-                }).startsWith(QLatin1String("Input limit exceeded: a text longer than 67108864")));
+                }).startsWith("Input limit exceeded: a text longer than 67108864"));
     InputLimits limits;
     limits.maxTextLength = 128 << 20;
     raster.SetInputLimits(limits);
@@ -373,13 +350,13 @@ TEST(HostileInput, AHundredMegabyteBase64FrequencyTextLoadsInBoundedTimeAndMemor
         EXPECT_EQ(list[i], frequencies[i % 3]) << i;
     EXPECT_EQ(raster.GetChannelStep(), 25000);
     EXPECT_EQ(raster.GetIndex(), 2);
-    ExpectUsable(raster, QStringLiteral("<WDE_Rasterdetector Index=\"4\"><ChannelStep>25000"
-                                        "</ChannelStep></WDE_Rasterdetector>"));
+    ExpectUsable(raster, "<WDE_Rasterdetector Index=\"4\"><ChannelStep>25000"
+                         "</ChannelStep></WDE_Rasterdetector>");
 }
 
 TEST(HostileInput, ListsOfAMillionItemsLoadInBoundedTimeAndMemory) {
     WDE wde;
-    const QString exciters = QStringLiteral("<WDE_Exciter/>").repeated(kMillion);
+    const QString exciters = QString("<WDE_Exciter/>").repeated(kMillion);
     EXPECT_TRUE(LoadBounded(wde, Nested("WDE", "ExciterList", 1, exciters), 30, 2048).isNull());
     QVector<WDE_Exciter>& list = wde.GetExciterList(); // GetIndex() is not const
     ASSERT_EQ(list.size(), kMillion);
@@ -388,14 +365,14 @@ TEST(HostileInput, ListsOfAMillionItemsLoadInBoundedTimeAndMemory) {
     ExpectUsable(wde, GoodWDE());
 
     WDE_Simulation simulation;
-    const QString frequencies = QStringLiteral("<Frequency>-2.5</Frequency>").repeated(kMillion);
+    const QString frequencies = QString("<Frequency>-2.5</Frequency>").repeated(kMillion);
     EXPECT_TRUE(
         LoadBounded(simulation, Nested("WDE_Simulation", "FrequencyList", 1, frequencies), 30, 2048)
             .isNull());
     ASSERT_EQ(simulation.GetRelativeFrequencyList().size(), kMillion);
     EXPECT_EQ(simulation.GetRelativeFrequencyList().last(), -2.5);
-    ExpectUsable(simulation, QStringLiteral("<WDE_Simulation Index=\"1\"><FrequencyList><Frequency>"
-                                            "12.5</Frequency></FrequencyList></WDE_Simulation>"));
+    ExpectUsable(simulation, "<WDE_Simulation Index=\"1\"><FrequencyList><Frequency>"
+                             "12.5</Frequency></FrequencyList></WDE_Simulation>");
 }
 
 // Each input limit ends the load where it is passed, from a file (which is
@@ -430,13 +407,13 @@ TEST(HostileInput, EachInputLimitEndsTheLoadWhereItIsPassed) {
          "elements nested deeper than 32 levels (maxDepth) (line 1, column 162)"},
     };
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("hostile.xml"));
+    const QString path = dir.filePath("hostile.xml");
     for (const auto& hostile : cases) {
         SCOPED_TRACE(hostile.message);
         WriteFile(path, hostile.document);
         WDE wde;
         wde.SetInputLimits(limits);
-        const QString expected = QStringLiteral("Input limit exceeded: ") + hostile.message;
+        const QString expected = QString("Input limit exceeded: ") + hostile.message;
         EXPECT_TRUE(BoundedOutcome(2, 1024, [&] { wde.LoadXml(path); }).startsWith(expected));
         EXPECT_TRUE(LoadBounded(wde, QString::fromUtf8(hostile.document), 2).startsWith(expected));
         ExpectUsable(wde, GoodWDE());
@@ -464,7 +441,7 @@ TEST(HostileInput, BinaryFramesAreBoundedBeforeTheyAreReadOrInflated) {
     bomb[0] = bomb[1] = bomb[2] = 0; // declares 232 bytes
     const QByteArray lying = frame(compressed, [&](QDataStream& out) { out << bomb; });
     const QByteArray huge = frame(plain, [](QDataStream& out) {
-        out << quint16(1) << QStringLiteral("WDE") << quint32(0xC0000000);
+        out << quint16(1) << QString("WDE") << quint32(0xC0000000);
     });
     const struct {
         QByteArray data;
@@ -477,7 +454,7 @@ TEST(HostileInput, BinaryFramesAreBoundedBeforeTheyAreReadOrInflated) {
                "(maxBinaryFrameSize)"},
     };
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("frame.bin"));
+    const QString path = dir.filePath("frame.bin");
     for (const auto& hostile : cases) {
         WDE wde;
         wde.SetInputLimits(limits);
@@ -488,10 +465,9 @@ TEST(HostileInput, BinaryFramesAreBoundedBeforeTheyAreReadOrInflated) {
     WriteFile(path, QByteArray(2 << 20, 'x'));
     WDE wde;
     wde.SetInputLimits(limits);
-    EXPECT_TRUE(
-        ThrownMessage([&] {
-            wde.LoadBinary(path);
-        }).endsWith(QLatin1String("2097152 bytes, more than 1048576 (maxBinaryFrameSize)")));
+    EXPECT_TRUE(ThrownMessage([&] {
+                    wde.LoadBinary(path);
+                }).endsWith("2097152 bytes, more than 1048576 (maxBinaryFrameSize)"));
 }
 
 #if !defined(__SANITIZE_ADDRESS__)
@@ -502,12 +478,12 @@ TEST(HostileInput, RunningOutOfMemoryIsAKMException) {
     if (UnderValgrind())
         GTEST_SKIP() << "valgrind keeps its own books of memory";
     const QString document =
-        Nested("WDE", "ExciterList", 1, QStringLiteral("<WDE_Exciter/>").repeated(kMillion));
+        Nested("WDE", "ExciterList", 1, QString("<WDE_Exciter/>").repeated(kMillion));
     rlimit previous{};
     getrlimit(RLIMIT_AS, &previous);
     const QRegularExpressionMatch size =
-        QRegularExpression(QStringLiteral("VmSize:\\s*(\\d+) kB"))
-            .match(QString::fromLatin1(FileContents(QStringLiteral("/proc/self/status"))));
+        QRegularExpression("VmSize:\\s*(\\d+) kB")
+            .match(QString::fromLatin1(FileContents("/proc/self/status")));
     ASSERT_TRUE(size.hasMatch());
     rlimit lowered = previous;
     lowered.rlim_cur = (size.captured(1).toULongLong() + 64ULL * 1024) * 1024; // 64 MB more
@@ -515,7 +491,7 @@ TEST(HostileInput, RunningOutOfMemoryIsAKMException) {
     WDE wde;
     const QString message = Outcome([&] { wde.SetXmlString(document); });
     setrlimit(RLIMIT_AS, &previous);
-    EXPECT_EQ(message, QStringLiteral("WDE: out of memory while loading"));
+    EXPECT_EQ(message, "WDE: out of memory while loading");
     ExpectUsable(wde, GoodWDE());
 }
 #endif

@@ -8,6 +8,7 @@
 // documents must fail; and docs/format.md must name exactly the schema's
 // elements, in order, with examples that validate and that the records write
 // back unchanged.
+#include "RecordVariants.h"
 #include "TestSupport.h"
 
 #include <Exciter_Settings.h>
@@ -45,7 +46,7 @@ struct Schema {
 const Schema& ReadSchema() {
     static const Schema schema = [] {
         Schema read;
-        QFile file(QStringLiteral(SCHEMA_FILE));
+        QFile file(QString(SCHEMA_FILE));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << SCHEMA_FILE;
         QXmlStreamReader reader(&file);
         QMap<QString, QStringList> unions;
@@ -117,7 +118,7 @@ Validation Validate(const QMap<QString, QString>& documents) {
         testsupport::WriteFile(dir.filePath(document.key()), document.value().toUtf8());
     QProcess xmllint;
     xmllint.setWorkingDirectory(dir.path());
-    xmllint.start(QStringLiteral(XMLLINT_PATH),
+    xmllint.start(QString(XMLLINT_PATH),
                   QStringList{"--noout", "--schema", SCHEMA_FILE} + documents.keys());
     EXPECT_TRUE(xmllint.waitForFinished(120000))
         << "xmllint (" XMLLINT_PATH ") did not run; scripts/bootstrap.sh --dev installs libxml2-utils";
@@ -136,242 +137,46 @@ Validation Validate(const QMap<QString, QString>& documents) {
 
 // ---- Documents written by the records ----
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
 // Values cycled through every number field: the forms each number format
 // takes, the rounding cases, the unset markers' neighbours, the extremes and
 // what Qt writes for infinities and NaN. An odd count, so that the optional
 // values of odd variants meet every entry too.
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double kDoubles[] = {
     0,        -0.0,           1,          -1,       0.5,     12.5,        -3.456,
     1e-05,    0.000123456789, 1234567,    999999.5, 1e300,   -1e-300,     5e-324,
     DBL_MAX,  kInfinity,      -kInfinity, kNaN,     -111111, -111111.111, -111111.105,
     433.92e6, 0.004};
-const int kIntegers[] = {0, -1, 42, INT_MAX, INT_MIN, -111110, 7};
+const int kIntegers[] = {0, -1, 42, INT_MAX, INT_MIN, -111110, 7, -3, INT_MIN + 1};
 const unsigned int kUnsigned[] = {0, 1, 4294967294u, 4294967295u, 12};
-const int kIndexes[] = {0, 7, -3, INT_MAX, INT_MIN + 1};
+// Item names and free texts, '|' between them.
+const QStringList kTexts =
+    QString::fromUtf8("AC| 1 |Band 3|PN sequence|Uplink|Exciter \"1\" <&>|LIN <&> \"\xc3\xbc\"\r\n")
+        .split('|');
 constexpr int kVariants = 2 * static_cast<int>(std::size(kDoubles));
 
-// Variant i: optional parts when i is odd, unset values every seventh, and
-// the values below cycling with i / 2 (plus a salt per field).
-bool Optional(int i) {
-    return i % 2 == 1;
-}
-bool Unset(int i) {
-    return i % 7 == 0;
-}
-int Pick(int i, int salt, int count) {
-    return (i / 2 + salt) % count;
-}
-double Number(int i, int salt) {
-    return kDoubles[Pick(i, salt, std::size(kDoubles))];
-}
-unsigned int Count(int i, int salt) {
-    return kUnsigned[Pick(i, salt, std::size(kUnsigned))];
-}
-// The number of texts of an enumeration, asked of its converter.
-template <class Record, class E> int TextCount(QString (Record::*toText)(E) const) {
-    int count = 0;
-    while (!(Record().*toText)(static_cast<E>(count)).isEmpty())
-        ++count;
-    return count;
-}
-// A value of the enumeration; Choose: unset every seventh variant.
-template <class Record, class E> E Any(int i, QString (Record::*toText)(E) const) {
-    return static_cast<E>(Pick(i, 0, TextCount(toText)));
-}
-template <class Record, class E> E Choose(int i, QString (Record::*toText)(E) const) {
-    return Unset(i) ? static_cast<E>(-1) : Any(i, toText);
-}
-
-ATTANTPath Path(int i) {
-    ATTANTPath path;
-    const auto setters = {&ATTANTPath::SetATT1, &ATTANTPath::SetATT2, &ATTANTPath::SetATT3,
-                          &ATTANTPath::SetATT4, &ATTANTPath::SetATT5, &ATTANTPath::SetATT6};
-    int salt = 0;
-    for (auto set : setters)
-        (path.*set)(Pick(i, salt++, 2) == 1);
-    return path;
-}
-
-SCU MakeSCU(int i) {
-    SCU scu;
-    scu.SetFrequency(Number(i, 0));
-    if (Optional(i))
-        scu.SetFrequencyMinMax(Number(i, 1), Number(i, 2));
-    scu.SetTransmitTime(Number(i, 3));
-    scu.SetATTANTPath(Path(i));
-    return scu;
-}
-
-TGN MakeTGN(int i) {
-    TGN tgn;
-    tgn.SetFrequency(Number(i, 0));
-    tgn.SetBandwidth(Number(i, 1));
-    if (Optional(i)) {
-        tgn.SetFrequencyMinMax(Number(i, 2), Number(i, 3));
-        tgn.SetBandwidthMax(Number(i, 4));
+struct TableValues : recordvariants::Values {
+    template <class T, size_t N> static T At(const T (&table)[N], int i, int salt) {
+        return table[recordvariants::Pick(i, salt, N)];
     }
-    tgn.SetPower(Number(i, 5));
-    tgn.SetLevelSettingsMode(tgn.GetLevelSettingsModes().at(Pick(i, 0, 2)));
-    tgn.SetReference(tgn.GetReferences().at(Pick(i, 1, 2)));
-    tgn.SetTGNModulation(tgn.GetTGNModulations().at(Pick(i, 0, tgn.GetTGNModulations().size())));
-    tgn.SetSweepActive(Pick(i, 0, 2) == 1);
-    tgn.SetIQModulationState(Pick(i, 1, 2) == 1);
-    tgn.SetIQModulationSource(static_cast<TGN::IQSources>(Pick(i, 0, 2)));
-    tgn.SetBBINState(Pick(i, 0, 2) == 0);
-    if (Optional(i)) {
-        tgn.SetTone(Number(i, 6));
-        tgn.SetToneStop(Number(i, 7));
-        tgn.SetToneStart(Number(i, 8));
-        tgn.SetAMDepth(kIntegers[Pick(i, 0, std::size(kIntegers))]);
-        tgn.SetSweepSpacing(QStringLiteral("LIN <&> \"ü\"\r\n"));
-        tgn.SetSweepDwellTime(Number(i, 9));
-        tgn.SetFMCoupling(QStringLiteral("AC"));
-        tgn.SetFMInput(QStringLiteral(" 1 "));
-        tgn.SetFMDeviation(Number(i, 10));
-        tgn.SetNoiseLevel(kIntegers[Pick(i, 1, std::size(kIntegers))]);
-        ScanParameter& scan = tgn.GetScanParameter();
-        scan.SetStartFrequency(Number(i, 11));
-        scan.SetStopFrequency(Number(i, 12));
-        scan.SetStepWidth(Number(i, 13));
-        if (i % 4 == 1)
-            scan.SetDwellTime(Number(i, 14));
+    double Number(int i, int salt) const override { return At(kDoubles, i, salt); }
+    int Integer(int i, int salt) const override { return At(kIntegers, i, salt); }
+    unsigned int Count(int i, int salt) const override { return At(kUnsigned, i, salt); }
+    QString Text(int i, int salt) const override {
+        return kTexts[recordvariants::Pick(i, salt, kTexts.size())];
     }
-    return tgn;
-}
-
-WDE_Exciter MakeExciter(int i) {
-    WDE_Exciter item = i % 3 == 0 ? WDE_Exciter() : WDE_Exciter(kIndexes[Pick(i, 0, 5)]);
-    if (Optional(i))
-        item.SetItemName(QStringLiteral("Exciter \"%1\" <&>").arg(i));
-    item.SetSignalType(Choose(i, &WDE_Exciter::GetStringForSignalType));
-    if (!Unset(i)) {
-        item.SetSymbolRate(Number(i, 1));
-        item.SetLevel(Number(i, 2));
-    }
-    if (Optional(i))
-        item.SetFrequencyShift(Number(i, 3));
-    return item;
-}
-
-WDE_Rasterdetector MakeRaster(int i) {
-    WDE_Rasterdetector item(i);
-    if (Optional(i))
-        item.SetItemName(QStringLiteral("Band %1").arg(i));
-    if (!Unset(i)) {
-        item.SetChannelStep(Number(i, 0));
-        item.SetMinimumFixedFrequencyLength(Number(i, 1));
-    }
-    item.SetExicterSet(Count(i, 0));
-    item.SetActive(Pick(i, 0, 2) == 1);
-    item.SetThresholdMode(Choose(i, &WDE_Rasterdetector::GetStringForThresholdMode));
-    if (Optional(i)) {
-        item.SetAbsoluteThresholdValue(Number(i, 2));
-        item.SetRelativeThresholdValue(Number(i, 3));
-        item.SetRelativeThresholdAvgTime(Any(i, &WDE_Rasterdetector::GetStringForAvgTime));
-        item.SetAmplifier(Any(i, &WDE_Rasterdetector::GetStringForAmplifier));
-    }
-    // Lists of 0 to 4 values: every length that Base64 pads differently.
-    for (int k = 0; k < Pick(i, 0, 5); ++k)
-        item.AppendFrequency(Number(i, k + 4));
-    return item;
-}
-
-WDE_Simulation MakeSimulation(int i) {
-    WDE_Simulation item(Pick(i, 0, 3));
-    if (Optional(i))
-        item.SetItemName(QStringLiteral("PN sequence"));
-    item.SetActive(Pick(i, 1, 2) == 1);
-    item.SetType(Choose(i, &WDE_Simulation::GetStringForSimulationType));
-    item.SetExciterSet(Count(i, 0));
-    item.SetPNStartValue(Count(i, 1));
-    item.SetChannelCount(Count(i, 2));
-    if (!Unset(i)) {
-        item.SetRelativeCenterFrequency(Number(i, 0));
-        item.SetHopWidth(Number(i, 1));
-    }
-    for (int k = 0; Optional(i) && k <= Pick(i, 0, 3); ++k)
-        item.AppendRelativeFrequency(Number(i, k + 2));
-    return item;
-}
-
-WDE_Singlechanneldetector MakeSingle(int i) {
-    WDE_Singlechanneldetector item(i);
-    if (Optional(i))
-        item.SetItemName(QStringLiteral("Uplink"));
-    if (!Unset(i)) {
-        item.SetFrequency(Number(i, 0));
-        item.SetBandwidth(Number(i, 1));
-        item.SetMinimumFixedFrequencyLength(Number(i, 2));
-        item.SetAbsoluteThresholdValue(Number(i, 3));
-    }
-    item.SetExicterSet(Count(i, 0));
-    item.SetActive(Pick(i, 0, 2) == 0);
-    return item;
-}
-
-// Complete (as Exciter_Settings needs it) or with every seventh variant unset.
-WDE MakeWDE(int i, bool complete) {
-    WDE wde;
-    const int v = complete && Unset(i) ? i + 2 : i;
-    if (!Unset(v)) {
-        wde.SetFrequency(Number(v, 0));
-        wde.SetBandwidth(Number(v, 1));
-        wde.SetEmissiondetectorDelay(Number(v, 2));
-        wde.SetExciterPulseLength(Number(v, 3));
-        wde.SetExciterRXDelay(Number(v, 4));
-        wde.SetExciterTXDelay(Number(v, 5));
-        wde.SetGuardTime(Number(v, 6));
-        wde.SetExciterCount(complete ? 2 : Count(v, 0));
-    }
-    wde.SetMode(Choose(v, &WDE::GetStringForMode));
-    wde.SetEmissiondetectorMode(Choose(v, &WDE::GetStringForEmissiondetectorMode));
-    wde.SetEmissiondetectorAveraging(Choose(v, &WDE::GetStringForEmissiondetectorAveraging));
-    if (Optional(i)) {
-        for (int k = 0; k <= Pick(i, 0, 2); ++k) {
-            wde.GetSinglechanneldetectorList().append(MakeSingle(i + 2 * k));
-            wde.GetRasterdetectorList().append(MakeRaster(i + 2 * k));
-            wde.GetExciterList().append(MakeExciter(i + 2 * k));
-            wde.GetSimulationList().append(MakeSimulation(i + 2 * k));
-        }
-        wde.SetAttenuation(Any(i, &WDE::GetStringForAttenuationType));
-        wde.SetAttenuationMode(Any(i, &WDE::GetStringForAttenuationModeType));
-        wde.SetAttenuationValue(Number(i, 7));
-        wde.SetGainCtrl(Any(i, &WDE::GetStringForGainCtrlType));
-        wde.SetAGCValue(Any(i, &WDE::GetStringForAGCValueType));
-        wde.SetMGCValue(Number(i, 8));
-    }
-    return wde;
-}
-
-Exciter_Settings MakeSettings(int i) {
-    Exciter_Settings settings;
-    settings.SetExciterMode(settings.GetExciterModes().at(Pick(i, 0, 12)));
-    settings.SetAutostart(Pick(i, 0, 2) == 1);
-    settings.SetTGN(MakeTGN(i));
-    settings.SetSCU(MakeSCU(i));
-    settings.SetWDE(MakeWDE(i, true));
-    return settings;
-}
+};
 
 // Every variant of every record kind, by file name.
 const QMap<QString, QString>& WrittenDocuments() {
     static const QMap<QString, QString> documents = [] {
         QMap<QString, QString> written;
-        for (int i = 0; i < kVariants; ++i) {
-            const QString n = QString::number(i);
-            written["settings-" + n + ".xml"] = MakeSettings(i).GetXmlString();
-            written["tgn-" + n + ".xml"] = MakeTGN(i).GetXmlString();
-            written["scu-" + n + ".xml"] = MakeSCU(i).GetXmlString();
-            written["path-" + n + ".xml"] = Path(i).GetXmlString();
-            written["wde-" + n + ".xml"] = MakeWDE(i, false).GetXmlString();
-            written["exciter-" + n + ".xml"] = MakeExciter(i).GetXmlString();
-            written["raster-" + n + ".xml"] = MakeRaster(i).GetXmlString();
-            written["simulation-" + n + ".xml"] = MakeSimulation(i).GetXmlString();
-            written["single-" + n + ".xml"] = MakeSingle(i).GetXmlString();
-        }
+        for (int i = 0; i < kVariants; ++i)
+            recordvariants::ForEachRecord(TableValues(), i,
+                                          [&](const QString& name, const IKMObject& record) {
+                                              written[name + ".xml"] = record.GetXmlString();
+                                          });
         return written;
     }();
     return documents;
@@ -423,11 +228,11 @@ QMap<QString, QSet<QString>> TextsByPath(const QMap<QString, QString>& documents
 }
 
 QString Example(const char* name) {
-    return QString::fromUtf8(testsupport::FileContents(QStringLiteral(EXAMPLES_DIR "/") + name));
+    return QString::fromUtf8(testsupport::FileContents(QString(EXAMPLES_DIR "/") + name));
 }
 
 QString FormatReference() {
-    return QString::fromUtf8(testsupport::FileContents(QStringLiteral(FORMAT_REFERENCE)));
+    return QString::fromUtf8(testsupport::FileContents(QString(FORMAT_REFERENCE)));
 }
 
 } // namespace
@@ -492,7 +297,7 @@ TEST(Schema, ValidExamplesPassAndDamagedDocumentsFail) {
         QString damaged = base;
         damaged.replace(QString::fromUtf8(damage[0]), QString::fromUtf8(damage[1]));
         EXPECT_NE(damaged, base) << damage[0];
-        documents[QStringLiteral("damaged-%1.xml").arg(n++)] = damaged;
+        documents[QString("damaged-%1.xml").arg(n++)] = damaged;
     }
     const Validation validation = Validate(documents);
     EXPECT_EQ(validation.valid.keys(true),

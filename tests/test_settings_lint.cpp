@@ -15,14 +15,9 @@
 #include <QTemporaryDir>
 
 using namespace KELMORA;
+using testfixtures::Example;
 
 namespace {
-
-Exciter_Settings Example(const char* name) {
-    Exciter_Settings settings;
-    settings.LoadXml(QStringLiteral(EXAMPLES_DIR "/%1.xml").arg(QLatin1String(name)));
-    return settings;
-}
 
 // Each record kind's own document, as the library writes it.
 QMap<QString, QString> Documents() {
@@ -30,22 +25,22 @@ QMap<QString, QString> Documents() {
     const Exciter_Settings sweep = Example("sweep");
     const WDE& wde = lookThrough.GetWDE();
     return {
-        {QStringLiteral("settings"), lookThrough.GetXmlString()},
-        {QStringLiteral("tgn"), sweep.GetTGN().GetXmlString()},
-        {QStringLiteral("scu"), sweep.GetSCU().GetXmlString()},
-        {QStringLiteral("path"), sweep.GetSCU().GetATTANTPath().GetXmlString()},
-        {QStringLiteral("wde"), wde.GetXmlString()},
-        {QStringLiteral("exciter"), wde.GetExciterList()[0].GetXmlString()},
-        {QStringLiteral("raster"), wde.GetRasterdetectorList()[0].GetXmlString()},
-        {QStringLiteral("simulation"), wde.GetSimulationList()[0].GetXmlString()},
-        {QStringLiteral("single"), wde.GetSinglechanneldetectorList()[0].GetXmlString()},
+        {"settings", lookThrough.GetXmlString()},
+        {"tgn", sweep.GetTGN().GetXmlString()},
+        {"scu", sweep.GetSCU().GetXmlString()},
+        {"path", sweep.GetSCU().GetATTANTPath().GetXmlString()},
+        {"wde", wde.GetXmlString()},
+        {"exciter", wde.GetExciterList()[0].GetXmlString()},
+        {"raster", wde.GetRasterdetectorList()[0].GetXmlString()},
+        {"simulation", wde.GetSimulationList()[0].GetXmlString()},
+        {"single", wde.GetSinglechanneldetectorList()[0].GetXmlString()},
     };
 }
 
 QString Describe(const QVector<LintFinding>& findings) {
     QString text;
     for (const LintFinding& f : findings)
-        text += QStringLiteral("%1:%2 %3 [%4] %5\n")
+        text += QString("%1:%2 %3 [%4] %5\n")
                     .arg(f.line)
                     .arg(f.column)
                     .arg(f.SeverityText(), f.path, f.message);
@@ -68,8 +63,7 @@ TEST(SettingsLint, FindsNothingInTheLibrarysOwnDocuments) {
     documents << unset.GetXmlString() << small.GetXmlString()
               << Example("continuous").GetXmlString() << testfixtures::CompleteTGN().GetXmlString();
     for (const QString& document : documents) {
-        for (const QString& form :
-             {document, QString(document).replace(QLatin1String("    "), QLatin1String("\t"))}) {
+        for (const QString& form : {document, QString(document).replace("    ", "\t")}) {
             const QVector<LintFinding> findings = SettingsLint::LintXmlString(form);
             EXPECT_TRUE(findings.isEmpty()) << Describe(findings).toStdString() << "in\n"
                                             << form.toStdString();
@@ -180,23 +174,22 @@ TEST(SettingsLint, ReportsEachLossWhereItStands) {
 }
 
 TEST(SettingsLint, AFileThatCannotBeReadIsOneErrorWithTheRecordsMessage) {
-    const QString settings = Documents().value(QStringLiteral("settings"));
+    const QString settings = Documents().value("settings");
     const auto lineOf = [](const QString& document, const char* text) {
         return document.left(document.indexOf(QLatin1String(text))).count(QLatin1Char('\n')) + 1;
     };
-    const QString cut = settings.left(settings.indexOf(QLatin1String("<SymbolRate>")) + 14);
+    const QString cut = settings.left(settings.indexOf("<SymbolRate>") + 14);
     const struct {
         QString document;
         qint64 line;
         const char* message;
     } cases[] = {
-        {QString(settings).replace(QLatin1String("<Reference>intern<"),
-                                   QLatin1String("<Reference>Intern<")),
+        {QString(settings).replace("<Reference>intern<", "<Reference>Intern<"),
          lineOf(settings, "<Reference>"), "TGN: Unknown Reference 'Intern'"},
-        {QString(settings).replace(QLatin1String("<ATT6>"), QLatin1String("<ATT7/><ATT6>")),
-         lineOf(settings, "<ATT6>"), "Unknown Tag 'ATT7' in 'ATTANTPath'"},
+        {QString(settings).replace("<ATT6>", "<ATT7/><ATT6>"), lineOf(settings, "<ATT6>"),
+         "Unknown Tag 'ATT7' in 'ATTANTPath'"},
         {cut, lineOf(cut, "<SymbolRate>"), "XML error: Premature end of document"},
-        {QStringLiteral("<Unknown/>"), 0, "Unknown root element 'Unknown'"},
+        {"<Unknown/>", 0, "Unknown root element 'Unknown'"},
     };
     for (const auto& failing : cases) {
         const QVector<LintFinding> findings = SettingsLint::LintXmlString(failing.document);
@@ -206,8 +199,7 @@ TEST(SettingsLint, AFileThatCannotBeReadIsOneErrorWithTheRecordsMessage) {
         EXPECT_TRUE(findings[0].message.startsWith(QLatin1String(failing.message)))
             << findings[0].message.toStdString();
     }
-    EXPECT_EQ(SettingsLint::LintXmlFile(QStringLiteral("/nonexistent/x.xml"))[0].severity,
-              LintFinding::Error);
+    EXPECT_EQ(SettingsLint::LintXmlFile("/nonexistent/x.xml")[0].severity, LintFinding::Error);
 }
 
 // A file is read as LoadXml reads it, and the short cut for an unchanged
@@ -215,7 +207,7 @@ TEST(SettingsLint, AFileThatCannotBeReadIsOneErrorWithTheRecordsMessage) {
 // value changed.
 TEST(SettingsLint, ReadsFilesAsLoadXmlDoes) {
     QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("settings.xml"));
+    const QString path = directory.filePath("settings.xml");
     Example("look_through").SaveXml(path);
     EXPECT_TRUE(SettingsLint::LintXmlFile(path).isEmpty());
     Exciter_Settings loaded;
@@ -223,17 +215,11 @@ TEST(SettingsLint, ReadsFilesAsLoadXmlDoes) {
     EXPECT_TRUE(none.isEmpty());
     EXPECT_EQ(loaded.GetWDE().GetExciterList().size(), 2);
 
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray text = file.readAll();
-    file.close();
-    text.replace("<TransmitTime>2.50<", "<TransmitTime>2.505<");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(text);
-    file.close();
+    testsupport::WriteFile(path, testsupport::FileContents(path).replace("<TransmitTime>2.50<",
+                                                                         "<TransmitTime>2.505<"));
     const QVector<LintFinding> findings = SettingsLint::LintXmlFile(path);
     ASSERT_EQ(findings.size(), 1);
-    EXPECT_EQ(findings[0].path, QStringLiteral("SCU/TransmitTime"));
+    EXPECT_EQ(findings[0].path, "SCU/TransmitTime");
 }
 
 } // namespace

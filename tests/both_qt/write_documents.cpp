@@ -2,10 +2,12 @@
 // Writes the documents on which the builds against Qt 5 and Qt 6 are
 // compared (CompareBuilds.cmake):
 //
-//   written/  settings trees filled through the setters with values drawn
-//             from a fixed-seed generator (every kind of double, item names
-//             with characters that XML cannot carry), saved as XML and as
-//             both binary forms by this build's library;
+//   written/  the variants of every record kind (RecordVariants.h: optional
+//             parts present and absent, items in every list, every mode)
+//             with values drawn from a fixed-seed generator (every kind of
+//             double, item names and free texts with characters that XML
+//             cannot carry), saved as XML and as both binary forms by this
+//             build's library;
 //   given/    texts that no library wrote: the examples with their values
 //             and attributes replaced by drawn texts (numbers in many forms,
 //             texts no conversion accepts, damaged Base64, escaped
@@ -14,7 +16,8 @@
 // The drawing uses nothing of Qt, so both builds draw the same values.
 //
 //   usage: exciter_settings_write_documents EXAMPLES_DIR OUT_DIR
-#include <Exciter_Settings.h>
+#include "../RecordVariants.h"
+
 #include <KMException.h>
 
 #include <QByteArray>
@@ -49,14 +52,15 @@ public:
 
     // Doubles of every kind that the number formats treat differently.
     double Double() {
+        using L = std::numeric_limits<double>;
         static const double kSpecial[] = {0.0,
                                           -0.0,
-                                          std::numeric_limits<double>::infinity(),
-                                          -std::numeric_limits<double>::infinity(),
-                                          std::numeric_limits<double>::quiet_NaN(),
-                                          std::numeric_limits<double>::denorm_min(),
-                                          std::numeric_limits<double>::max(),
-                                          std::numeric_limits<double>::min(),
+                                          L::infinity(),
+                                          -L::infinity(),
+                                          L::quiet_NaN(),
+                                          L::denorm_min(),
+                                          L::max(),
+                                          L::min(),
                                           IKMObject::InvalidDouble,
                                           1e21,
                                           1e-15,
@@ -92,25 +96,9 @@ public:
 
     // Printed in one of the forms that people and other programs write.
     std::string NumberText() {
-        static const char* const kOdd[] = {" 12",         "12 ",
-                                           "+12",         "0x10",
-                                           "1e400",       "-1e400",
-                                           "1e-400",      "4.9e-324",
-                                           "inf",         "-inf",
-                                           "nan",         "NaN",
-                                           "1,5",         ".5",
-                                           "5.",          "1e",
-                                           "-0",          "00.10",
-                                           "007",         "",
-                                           "   ",         "1 2",
-                                           "\xd9\xa1",    "\xef\xbc\x91",
-                                           "4294967295",  "4294967296",
-                                           "-1",          "2147483648",
-                                           "-2147483649", "true",
-                                           "1.5E+3",      "-111111.11",
-                                           "-111111",     "123456789012345678901234567890.5"};
+        const std::vector<std::string>& odd = recordvariants::OddNumberTexts();
         if (OneIn(4))
-            return Pick(kOdd);
+            return odd[static_cast<size_t>(Below(static_cast<int>(odd.size())))];
         const double value = Double();
         char text[64];
         switch (Below(5)) {
@@ -166,31 +154,12 @@ public:
     // character references that the reader resolves, letters beyond the
     // Basic Multilingual Plane.
     std::string EscapedText() {
-        static const char* const kPieces[] = {"a",
-                                              "Z",
-                                              "9",
-                                              " ",
-                                              "&amp;",
-                                              "&lt;",
-                                              "&gt;",
-                                              "&quot;",
-                                              "&apos;",
-                                              "&#9;",
-                                              "&#10;",
-                                              "&#13;",
-                                              "&#x20;",
-                                              "\t",
-                                              "\n",
-                                              "\xc3\xa9",
-                                              "\xe2\x82\xac",
-                                              "\xf0\x9f\x98\x80",
-                                              "\xc2\x85",
-                                              "\xe2\x80\xa8",
-                                              "&#x10FFFF;",
-                                              "]]&gt;"};
+        static const std::vector<std::string> kPieces = recordvariants::Split(
+            "a|Z|9| |&amp;|&lt;|&gt;|&quot;|&apos;|&#9;|&#10;|&#13;|&#x20;|\t|\n|\xc3\xa9|"
+            "\xe2\x82\xac|\xf0\x9f\x98\x80|\xc2\x85|\xe2\x80\xa8|&#x10FFFF;|]]&gt;");
         std::string text;
         for (int count = Below(8); count > 0; --count)
-            text += Pick(kPieces);
+            text += kPieces[static_cast<size_t>(Below(static_cast<int>(kPieces.size())))];
         return text;
     }
 
@@ -218,133 +187,20 @@ bool WriteBytes(const QString& path, const QByteArray& bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
 }
 
-template <typename Item> void NameItem(Draw& draw, Item& item, int index) {
-    item.SetIndex(draw.OneIn(8) ? static_cast<int>(draw.Bits()) : index);
-    if (!draw.OneIn(3))
-        item.SetItemName(draw.RawText());
-}
+// The variants' numbers and texts, drawn.
+class DrawnValues : public recordvariants::Values {
+public:
+    explicit DrawnValues(Draw& draw) : m_draw(draw) {}
+    double Number(int, int) const override { return m_draw.Double(); }
+    int Integer(int, int) const override {
+        return m_draw.OneIn(2) ? m_draw.Below(100) : static_cast<int>(m_draw.Bits());
+    }
+    unsigned int Count(int, int) const override { return static_cast<unsigned int>(m_draw.Bits()); }
+    QString Text(int, int) const override { return m_draw.RawText(); }
 
-QVector<double> Doubles(Draw& draw) {
-    QVector<double> values;
-    for (int count = draw.Below(8); count > 0; --count)
-        values.append(draw.Double());
-    return values;
-}
-
-void FillWDE(Draw& draw, WDE& wde) {
-    wde.SetFrequency(draw.Double());
-    wde.SetBandwidth(draw.Double());
-    wde.SetMode(static_cast<WDE::Mode>(draw.Below(6)));
-    wde.SetEmissiondetectorMode(static_cast<WDE::EmissiondetectorMode>(draw.Below(2)));
-    wde.SetEmissiondetectorDelay(draw.Double());
-    wde.SetEmissiondetectorAveraging(static_cast<WDE::EmissiondetectorAveraging>(draw.Below(4)));
-    wde.SetExciterCount(static_cast<unsigned int>(draw.Bits()));
-    wde.SetExciterPulseLength(draw.Double());
-    wde.SetExciterRXDelay(draw.Double());
-    wde.SetExciterTXDelay(draw.Double());
-    wde.SetGuardTime(draw.Double());
-    wde.SetAttenuation(static_cast<WDE::AttenuationType>(draw.Below(2)));
-    wde.SetAttenuationMode(static_cast<WDE::AttenuationModeType>(draw.Below(3)));
-    wde.SetAttenuationValue(draw.Double());
-    wde.SetGainCtrl(static_cast<WDE::GainCtrlType>(draw.Below(2)));
-    wde.SetAGCValue(static_cast<WDE::AGCValueType>(draw.Below(3)));
-    wde.SetMGCValue(draw.Double());
-    for (int i = draw.Below(3); i > 0; --i) {
-        WDE_Singlechanneldetector item(i);
-        NameItem(draw, item, i);
-        item.SetFrequency(draw.Double());
-        item.SetBandwidth(draw.Double());
-        item.SetMinimumFixedFrequencyLength(draw.Double());
-        item.SetExicterSet(static_cast<unsigned int>(draw.Bits()));
-        item.SetActive(draw.OneIn(2));
-        item.SetAbsoluteThresholdValue(draw.Double());
-        wde.GetSinglechanneldetectorList().append(item);
-    }
-    for (int i = draw.Below(3); i > 0; --i) {
-        WDE_Rasterdetector item(i);
-        NameItem(draw, item, i);
-        item.SetChannelStep(draw.Double());
-        item.SetMinimumFixedFrequencyLength(draw.Double());
-        item.SetExicterSet(static_cast<unsigned int>(draw.Bits()));
-        item.SetActive(draw.OneIn(2));
-        item.SetAmplifier(static_cast<WDE_Rasterdetector::Amplifier>(draw.Below(5)));
-        item.SetThresholdMode(static_cast<WDE_Rasterdetector::ThresholdMode>(draw.Below(2)));
-        item.SetAbsoluteThresholdValue(draw.Double());
-        item.SetRelativeThresholdValue(draw.Double());
-        item.SetRelativeThresholdAvgTime(static_cast<WDE_Rasterdetector::AvgTime>(draw.Below(3)));
-        item.SetFrequencyList(Doubles(draw));
-        wde.GetRasterdetectorList().append(item);
-    }
-    for (int i = draw.Below(3); i > 0; --i) {
-        WDE_Exciter item(i);
-        NameItem(draw, item, i);
-        item.SetSignalType(static_cast<WDE_Exciter::SignalType>(draw.Below(3)));
-        item.SetSymbolRate(draw.Double());
-        item.SetFrequencyShift(draw.Double());
-        item.SetLevel(draw.Double());
-        wde.GetExciterList().append(item);
-    }
-    for (int i = draw.Below(3); i > 0; --i) {
-        WDE_Simulation item(i);
-        NameItem(draw, item, i);
-        item.SetActive(draw.OneIn(2));
-        item.SetType(static_cast<WDE_Simulation::SimulationType>(draw.Below(2)));
-        item.SetExciterSet(static_cast<unsigned int>(draw.Bits()));
-        item.SetPNStartValue(static_cast<unsigned int>(draw.Bits()));
-        item.SetRelativeCenterFrequency(draw.Double());
-        item.SetChannelCount(static_cast<unsigned int>(draw.Bits()));
-        item.SetHopWidth(draw.Double());
-        item.SetRelativeFrequencyList(Doubles(draw));
-        wde.GetSimulationList().append(item);
-    }
-}
-
-Exciter_Settings FilledSettings(Draw& draw, int mode) {
-    Exciter_Settings settings;
-    settings.SetExciterMode(static_cast<Exciter_Settings::ExciterModeType>(mode));
-    settings.SetAutostart(draw.OneIn(2));
-    TGN& tgn = settings.GetTGN();
-    tgn.SetFrequency(draw.Double());
-    tgn.SetFrequencyMinMax(draw.Double(), draw.Double());
-    tgn.SetBandwidth(draw.Double());
-    if (!draw.OneIn(3))
-        tgn.SetBandwidthMinMax(draw.Double(), draw.Double());
-    tgn.SetPower(draw.Double());
-    tgn.SetLevelSettingsMode(tgn.GetLevelSettingsModes().value(
-        draw.Below(static_cast<int>(tgn.GetLevelSettingsModes().size()))));
-    tgn.SetReference(
-        tgn.GetReferences().value(draw.Below(static_cast<int>(tgn.GetReferences().size()))));
-    tgn.SetTGNModulation(tgn.GetTGNModulations().value(
-        draw.Below(static_cast<int>(tgn.GetTGNModulations().size()))));
-    for (auto set : {&TGN::SetTone, &TGN::SetToneStart, &TGN::SetToneStop, &TGN::SetSweepDwellTime,
-                     &TGN::SetFMDeviation}) {
-        if (!draw.OneIn(3))
-            (tgn.*set)(draw.Double());
-    }
-    tgn.SetAMDepth(static_cast<int>(draw.Bits()));
-    tgn.SetNoiseLevel(static_cast<int>(draw.Bits()));
-    tgn.SetSweepActive(draw.OneIn(2));
-    tgn.SetIQModulationState(draw.OneIn(2));
-    tgn.SetIQModulationSource(static_cast<TGN::IQSources>(draw.Below(2)));
-    tgn.SetBBINState(draw.OneIn(2));
-    tgn.SetSweepSpacing(draw.RawText());
-    tgn.SetFMCoupling(draw.RawText());
-    tgn.SetFMInput(draw.RawText());
-    ScanParameter& scan = tgn.GetScanParameter();
-    scan.SetStartFrequency(draw.Double());
-    scan.SetStopFrequency(draw.Double());
-    scan.SetStepWidth(draw.Double());
-    scan.SetDwellTime(draw.Double());
-    SCU& scu = settings.GetSCU();
-    scu.SetFrequency(draw.Double());
-    scu.SetFrequencyMinMax(draw.Double(), draw.Double());
-    scu.SetTransmitTime(draw.Double());
-    for (auto set : {&ATTANTPath::SetATT1, &ATTANTPath::SetATT2, &ATTANTPath::SetATT3,
-                     &ATTANTPath::SetATT4, &ATTANTPath::SetATT5, &ATTANTPath::SetATT6})
-        (scu.GetATTANTPath().*set)(draw.OneIn(2));
-    FillWDE(draw, settings.GetWDE());
-    return settings;
-}
+private:
+    Draw& m_draw;
+};
 
 // Replaces every match of `pattern` in `text` by what `replace` makes of it.
 template <typename Replace>
@@ -405,21 +261,30 @@ int main(int argc, char** argv) {
         return Fail(QStringLiteral("cannot make the folders in %1").arg(out.path()));
 
     Draw draw(20261123);
-    constexpr int kModes = 12;
-    for (int document = 0; document < 3 * kModes; ++document) {
-        const Exciter_Settings settings = FilledSettings(draw, document % kModes);
-        const QString base = out.filePath(QStringLiteral("written/settings-%1").arg(document));
-        try {
-            settings.SaveXml(base + QStringLiteral(".xml"));
-        } catch (const KMException& failure) { // a required value drawn unset
-            WriteBytes(base + QStringLiteral(".message"), failure.GetMessage().toUtf8());
-        }
-        if (!WriteBytes(base + QStringLiteral(".bin"),
-                        settings.GetBinaryRepresentationAsQByteArray()) ||
-            !WriteBytes(base + QStringLiteral(".binz"),
-                        settings.GetCompressedBinaryRepresentationAsQByteArray()))
-            return Fail(QStringLiteral("cannot write %1").arg(base));
+    const DrawnValues values(draw);
+    bool written = true;
+    // 24 variants: every mode twice, each with and without its optional parts.
+    for (int i = 0; i < 24; ++i) {
+        recordvariants::ForEachRecord(values, i, [&](const QString& name, const IKMObject& record) {
+            const QString base = out.filePath(QStringLiteral("written/") + name);
+            try {
+                record.SaveXml(base + QStringLiteral(".xml"));
+            } catch (const KMException& failure) { // incomplete, or a required value drawn unset
+                // Without the folder, which is not the same for both builds.
+                const QString message =
+                    QString(failure.GetMessage()).replace(out.path(), QStringLiteral("OUT"));
+                written =
+                    WriteBytes(base + QStringLiteral(".message"), message.toUtf8()) && written;
+            }
+            written = WriteBytes(base + QStringLiteral(".bin"),
+                                 record.GetBinaryRepresentationAsQByteArray()) &&
+                      WriteBytes(base + QStringLiteral(".binz"),
+                                 record.GetCompressedBinaryRepresentationAsQByteArray()) &&
+                      written;
+        });
     }
+    if (!written)
+        return Fail(QStringLiteral("cannot write the documents in %1").arg(out.path()));
 
     constexpr int kVariants = 12;
     const QStringList names =

@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString kExamples = QStringLiteral(EXAMPLES_DIR "/");
+const QString kExamples = QString(EXAMPLES_DIR "/");
 const QString kExample = kExamples + "attantpath.xml";
 
 // ATT4 is missing; ATT1 holds a text other than "true", kept verbatim.
@@ -33,8 +33,7 @@ protected:
            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
         QProcess process;
         process.setProcessEnvironment(environment);
-        process.setProgram(
-            qEnvironmentVariable("EXCITER_SETTINGS_TOOL", QStringLiteral(TOOL_PATH)));
+        process.setProgram(qEnvironmentVariable("EXCITER_SETTINGS_TOOL", QString(TOOL_PATH)));
         process.setArguments(arguments);
         process.setWorkingDirectory(m_dir.path());
         process.start();
@@ -63,7 +62,7 @@ protected:
 };
 
 TEST_F(ToolCommandLine, CheckPrintsOneLinePerFileAndExitsWithTheWorstStatus) {
-    const QString failed = QStringLiteral("incomplete.xml: ATTANTPath: Please set ATT4!\n");
+    const QString failed = "incomplete.xml: ATTANTPath: Please set ATT4!\n";
     EXPECT_EQ(Output({"check", kExample, "incomplete.xml"}, 1), kExample + ": OK\n" + failed);
     // An unreadable file outranks a failing one, before or after it, and the
     // files after it are still checked.
@@ -77,10 +76,9 @@ TEST_F(ToolCommandLine, CheckPrintsOneLinePerFileAndExitsWithTheWorstStatus) {
 TEST_F(ToolCommandLine, LintPrintsOneLinePerFindingAndExitsWithTheWorstStatus) {
     Write("damaged.xml", "<ATTANTPath>\n<ATT1>yes</ATT1><ATT2>false</ATT2><ATT3>true</ATT3>\n"
                          "<ATT4>true</ATT4><ATT5>false</ATT5><ATT6>1</ATT6></ATTANTPath>\n");
-    const QString found =
-        QStringLiteral("damaged.xml:2:1: warning: 'yes' reads as false: a flag is true only for "
-                       "'true'\ndamaged.xml:3:36: warning: '1' reads as false: a flag is true "
-                       "only for 'true'\n");
+    const QString found = "damaged.xml:2:1: warning: 'yes' reads as false: a flag is true only for "
+                          "'true'\ndamaged.xml:3:36: warning: '1' reads as false: a flag is true "
+                          "only for 'true'\n";
     EXPECT_EQ(Output({"lint", kExample}), QString());
     EXPECT_EQ(Output({"lint", kExample, "damaged.xml"}, 1), found);
     // A file that cannot be read outranks findings, before or after it.
@@ -96,15 +94,14 @@ TEST_F(ToolCommandLine, LintPrintsOneLinePerFindingAndExitsWithTheWorstStatus) {
 TEST_F(ToolCommandLine, FormatNoticesADiskThatFailsAtAnyStepOfTheSave) {
     const QByteArray previous = "<ATTANTPath>the previous file</ATTANTPath>\n";
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(FAULT_SHIM));
-    environment.insert(QStringLiteral("EXCITERSETTINGS_FAIL_DIR"), m_dir.path());
-    environment.insert(QStringLiteral("ASAN_OPTIONS"),
-                       QStringLiteral("verify_asan_link_order=0:") +
-                           environment.value(QStringLiteral("ASAN_OPTIONS")));
+    environment.insert("LD_PRELOAD", QString(FAULT_SHIM));
+    environment.insert("EXCITERSETTINGS_FAIL_DIR", m_dir.path());
+    environment.insert("ASAN_OPTIONS",
+                       "verify_asan_link_order=0:" + environment.value("ASAN_OPTIONS"));
     for (const char* call : {"write", "fchmod", "fsync", "close", "rename"}) {
         SCOPED_TRACE(call);
         Write("out.xml", previous);
-        environment.insert(QStringLiteral("EXCITERSETTINGS_FAIL"), QLatin1String(call));
+        environment.insert("EXCITERSETTINGS_FAIL", QLatin1String(call));
         Output({"format", kExample, "-o", "out.xml"}, 1,
                kExample + ": Cannot write 'out.xml': Input/output error\n", environment);
         EXPECT_EQ(Contents("out.xml"), previous);
@@ -164,7 +161,7 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     for (const char* expected : {"check FILE...", "show FILE", "format FILE [-o OUT]", "ATTANTPath",
                                  "WDE_Singlechanneldetector.", "2   a file could not be read"})
         EXPECT_TRUE(help.contains(QLatin1String(expected))) << expected;
-    EXPECT_TRUE(Output({"format", "--help"}).contains(QLatin1String("-o, --output <OUT>")));
+    EXPECT_TRUE(Output({"format", "--help"}).contains("-o, --output <OUT>"));
 
     const std::pair<QStringList, const char*> wrongUsages[] = {
         {{}, "no command given"},
@@ -176,7 +173,7 @@ TEST_F(ToolCommandLine, OptionsAndWrongUsage) {
     };
     for (const auto& wrong : wrongUsages)
         EXPECT_EQ(Output(wrong.first, 64,
-                         QStringLiteral(TOOL_NAME ": %1\nTry '" TOOL_NAME " --help'.\n")
+                         QString(TOOL_NAME ": %1\nTry '" TOOL_NAME " --help'.\n")
                              .arg(QLatin1String(wrong.second))),
                   "");
 }
@@ -221,7 +218,7 @@ TEST_F(ToolCommandLine, ShowPrintsTheWholeTreeAndMarksUnsetValues) {
 
     // Outside the modes that use it, WDE is not part of the settings.
     const QString continuous = Output({"show", kExamples + "continuous.xml"});
-    EXPECT_TRUE(continuous.endsWith(QLatin1String("      ATT6: false\n"))) << "no WDE section";
+    EXPECT_TRUE(continuous.endsWith("      ATT6: false\n")) << "no WDE section";
 }
 
 const QString kLookThrough = kExamples + "look_through.xml";
@@ -403,7 +400,7 @@ TEST_F(ToolCommandLine, JsonRoundTripsAndPipesUseStandardStreams) {
     EXPECT_TRUE(json.contains("\"Autostart\": true"));
     // The first exciter's Name, unset, comes as a plain key; it is an
     // attribute.
-    const QString name = QStringLiteral("\"Name\": null");
+    const QString name = "\"Name\": null";
     m_input = json.replace(json.indexOf(name), name.size(), R"("Name": "X")").toUtf8();
     EXPECT_EQ(Output({"set", kLookThrough, "--json", "-", "-o", "out.xml"}), "");
     EXPECT_EQ(
