@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
 # The licence in every install, and the Debian packages that `cpack -G DEB`
-# makes from a build configured with -DCMAKE_INSTALL_PREFIX=/usr, split as
-# distributions split libraries, one set per Qt build:
+# makes from a build (configured with -DCMAKE_INSTALL_PREFIX=/usr, the
+# libraries go into Debian's multiarch directory), split as distributions
+# split libraries, one set per Qt build:
 #
 #   runtime  lib<name><soversion>   the two shared libraries
 #   dev      lib<name>-dev          headers, CMake package, .pc file, schema
@@ -26,56 +27,79 @@ if(NOT EXCITERSETTINGS_BUILD_TOOLS)
   list(REMOVE_ITEM deb_components tools)
 endif()
 
-# Installed into /usr, every package carries the licence as Debian does
+# Installed into /usr (as cpack installs, whatever prefix the build was
+# configured with), every package carries the licence as Debian does
 # (/usr/share/doc/<package>/copyright, in the machine-readable form) and a
-# changelog; elsewhere the licence goes once into the documentation folder.
-if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
-  find_program(GZIP_EXECUTABLE gzip)
-  if(NOT GZIP_EXECUTABLE)
-    message(FATAL_ERROR "gzip is needed for the packages' changelogs")
-  endif()
-  file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
-  string(REGEX REPLACE "^MIT License\n\n[^\n]*\n\n" "" licence "${licence}")
-  string(REGEX REPLACE "\n\n" "\n.\n" licence "${licence}")
-  string(REGEX REPLACE "\n([^\n])" "\n \\1" licence "${licence}")
-  set(copyright ${PROJECT_BINARY_DIR}/debian/copyright)
-  file(WRITE ${copyright} "Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
+# changelog, and no binary keeps a RUNPATH: the system finds the libraries.
+# Installed anywhere else, the licence goes once into the documentation
+# folder and the $ORIGIN-relative RUNPATHs stay, so the install can move.
+# Both are decided when installing, by the prefix installed into.
+find_program(GZIP_EXECUTABLE gzip)
+if(NOT GZIP_EXECUTABLE)
+  message(FATAL_ERROR "gzip is needed for the packages' changelogs")
+endif()
+file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
+string(REGEX REPLACE "^MIT License\n\n[^\n]*\n\n" "" licence "${licence}")
+string(REGEX REPLACE "\n\n" "\n.\n" licence "${licence}")
+string(REGEX REPLACE "\n([^\n])" "\n \\1" licence "${licence}")
+set(copyright ${PROJECT_BINARY_DIR}/debian/copyright)
+file(WRITE ${copyright} "Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
 Upstream-Name: ExciterSettings
-Source: ${PROJECT_SOURCE_DIR}
 
 Files: *
 Copyright: 2026 The ExciterSettings authors
 License: Expat
  ${licence}")
-  # Qt 5 is built with reduced relocations, and its headers refuse code that
-  # is not compiled with -fPIC, which Qt5Core.pc does not say; the Qt 5 .pc
-  # file says it for its hosts (see CMakeLists.txt), against lintian's rule
-  # that a .pc file carries no code generation flags.
-  if(EXCITERSETTINGS_QT_MAJOR_VERSION STREQUAL "5")
-    set(overrides ${PROJECT_BINARY_DIR}/debian/${deb_dev}/${deb_dev})
-    file(WRITE ${overrides} "# Qt 5's headers demand -fPIC of every program that includes them.
+# Qt 5 is built with reduced relocations, and its headers refuse code that
+# is not compiled with -fPIC, which Qt5Core.pc does not say; the Qt 5 .pc
+# file says it for its hosts (see CMakeLists.txt), against lintian's rule
+# that a .pc file carries no code generation flags.
+set(deb_files_dev "")
+if(EXCITERSETTINGS_QT_MAJOR_VERSION STREQUAL "5")
+  set(overrides ${PROJECT_BINARY_DIR}/debian/${deb_dev}/${deb_dev})
+  file(WRITE ${overrides} "# Qt 5's headers demand -fPIC of every program that includes them.
 ${deb_dev}: pkg-config-bad-directive -fPIC [usr/${CMAKE_INSTALL_LIBDIR}/pkgconfig/${EXCITERSETTINGS_PACKAGE}.pc]
 ")
-    install(FILES ${overrides} DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT dev)
-  endif()
-  foreach(component ${deb_components})
-    set(package ${deb_${component}})
-    set(changelog ${PROJECT_BINARY_DIR}/debian/${package}/changelog.Debian)
-    file(WRITE ${changelog} "${package} (${PROJECT_VERSION}-${deb_revision}) unstable; urgency=medium
+  set(deb_files_dev "share/lintian/overrides:${overrides}")
+endif()
+set(deb_binaries_runtime ${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:KelmoraBase>
+  ${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:ExciterSettings>)
+set(deb_binaries_tools "")
+if(TARGET exciter-settings)
+  set(deb_binaries_tools ${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:exciter-settings>)
+endif()
+foreach(component ${deb_components})
+  set(package ${deb_${component}})
+  set(changelog ${PROJECT_BINARY_DIR}/debian/${package}/changelog.Debian)
+  file(WRITE ${changelog} "${package} (${PROJECT_VERSION}-${deb_revision}) unstable; urgency=medium
 
   * Packages of ExciterSettings ${PROJECT_VERSION}, made with CPack.
 
  -- ${EXCITERSETTINGS_PACKAGE_MAINTAINER}  Mon, 23 Nov 2026 12:00:00 +0000
 ")
-    execute_process(COMMAND ${GZIP_EXECUTABLE} -9nf ${changelog})
-    install(FILES ${copyright} ${changelog}.gz
-      DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
-  endforeach()
-else()
-  install(FILES ${PROJECT_SOURCE_DIR}/LICENSE
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/ExciterSettings${EXCITERSETTINGS_NAME_SUFFIX}
-    COMPONENT runtime)
-endif()
+  execute_process(COMMAND ${GZIP_EXECUTABLE} -9nf ${changelog})
+  install(CODE "
+    if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+      # file(INSTALL) adds DESTDIR itself; file(RPATH_REMOVE) does not.
+      file(INSTALL DESTINATION /usr/share/doc/${package} TYPE FILE
+        FILES \"${copyright}\" \"${changelog}.gz\")
+      foreach(entry ${deb_files_${component}})
+        string(REPLACE \":\" \";\" entry \"\${entry}\")
+        list(GET entry 0 directory)
+        list(GET entry 1 file)
+        file(INSTALL DESTINATION \"/usr/\${directory}\" TYPE FILE FILES \"\${file}\")
+      endforeach()
+      foreach(binary ${deb_binaries_${component}})
+        file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}/usr/\${binary}\")
+      endforeach()
+    endif()" COMPONENT ${component})
+endforeach()
+install(CODE "
+  if(NOT CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+    file(INSTALL DESTINATION
+      \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/doc/ExciterSettings${EXCITERSETTINGS_NAME_SUFFIX}\"
+      TYPE FILE FILES \"${PROJECT_SOURCE_DIR}/LICENSE\")
+  endif()" COMPONENT runtime)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${deb_name})
@@ -156,13 +180,4 @@ ${about}
 This package holds the command-line tool ${deb_tools}, its bash
 completion and its manual page.")
 
-# Packages are for /usr; a build for another prefix would make packages
-# that install outside the distribution's directories.
-set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/CPackProjectConfig.cmake)
-file(WRITE ${CPACK_PROJECT_CONFIG_FILE} "
-if(CPACK_GENERATOR STREQUAL \"DEB\" AND NOT \"${CMAKE_INSTALL_PREFIX}\" STREQUAL \"/usr\")
-  message(FATAL_ERROR \"Debian packages need a build configured with -DCMAKE_INSTALL_PREFIX=/usr \"
-    \"(this one installs into ${CMAKE_INSTALL_PREFIX})\")
-endif()
-")
 include(CPack)
