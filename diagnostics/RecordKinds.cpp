@@ -11,10 +11,14 @@
 #include <WDE_Simulation.h>
 #include <WDE_Singlechanneldetector.h>
 
+#include <DoubleListCodec.h>
 #include <InputLimits.h>
+#include <ReadObserver.h>
+#include <ValueNotes.h>
 #include <XmlReaderError.h>
 
 #include <QFile>
+#include <QHash>
 
 #include <functional>
 #include <vector>
@@ -52,7 +56,77 @@ QString FirstElementName(QXmlStreamReader& reader) {
     return QString();
 }
 
+// Hides the reads below from the observer of the caller's read.
+class Unobserved : public ReadObserver {
+public:
+    void RecordEntered(const IKMObject& /*record*/, const QXmlStreamReader& /*reader*/) override {}
+    void ChildStarted(const IKMObject& /*record*/, const QXmlStreamReader& /*reader*/,
+                      qint64 /*line*/, qint64 /*column*/) override {}
+    void ChildEnded(const IKMObject& /*record*/, const QXmlStreamReader& /*reader*/,
+                    bool /*passedOver*/) override {}
+    void ValueRead(const QString& /*text*/) override {}
+};
+
+// The lists of records that a record of the kind holds, by list element:
+// the item element. A fresh record reads a fresh record of each other kind
+// as a child; one that it writes back inside an element of its own is an
+// item of that list. Kinds that it refuses or passes over hold no list.
+QHash<QString, QString> LearnLists(const Factory& createRecord) {
+    QHash<QString, QString> lists;
+    const QString empty = createRecord()->GetXmlString();
+    const int close = empty.lastIndexOf(QStringLiteral("</"));
+    if (close < 0)
+        return lists;
+    for (const Factory& create : Factories()) {
+        const std::unique_ptr<IKMObject> item = create();
+        const QString xml = item->GetXmlString();
+        const int start = xml.indexOf(QLatin1Char('<') + item->GetObjectName());
+        const std::unique_ptr<IKMObject> reader = createRecord();
+        if (item->GetObjectName() == reader->GetObjectName() || start < 0)
+            continue;
+        reader->SetValidate(false);
+        try {
+            reader->SetXmlString(QString(empty).insert(close, xml.mid(start)));
+        } catch (const KelmoraException&) {
+            continue;
+        }
+        QXmlStreamReader written(reader->GetXmlString());
+        QStringList open;
+        while (!written.atEnd()) {
+            const QXmlStreamReader::TokenType token = written.readNext();
+            if (token == QXmlStreamReader::EndElement)
+                open.removeLast();
+            if (token != QXmlStreamReader::StartElement)
+                continue;
+            open.append(written.name().toString());
+            if (open.size() == 3 && open.last() == item->GetObjectName())
+                lists.insert(open.at(1), open.last());
+        }
+    }
+    return lists;
+}
+
 } // namespace
+
+QString RecordKinds::ItemName(const QString& recordName, const QString& listName) {
+    static const QHash<QString, QHash<QString, QString>> learned = [] {
+        Unobserved unobserved;
+        const ReadObserver::Scope hidden(unobserved);
+        QHash<QString, QHash<QString, QString>> lists;
+        for (const Factory& create : Factories())
+            lists.insert(create()->GetObjectName(), LearnLists(create));
+        return lists;
+    }();
+    return learned.value(recordName).value(listName);
+}
+
+std::optional<QVector<double>>
+RecordKinds::NumberList(const QString& recordName, const QString& element, const QString& text) {
+    const ValueNotes::Note* note = ValueNotes::Find(recordName, element);
+    if (!note || note->kind != ValueNotes::Kind::DoubleList)
+        return std::nullopt;
+    return DoubleListCodec::Decode(text);
+}
 
 std::unique_ptr<IKMObject> RecordKinds::Create(const QString& rootName) {
     for (const Factory& create : Factories()) {

@@ -7,8 +7,10 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
+#include <optional>
 
 namespace KELMORA {
 
@@ -27,6 +29,18 @@ public:
     // KMException when it cannot be opened, is not well-formed before its
     // first element, or passes a limit there.
     static QString RootNameOfXmlFile(const QString& fileName);
+
+    // The element name of the items of the list `listName` of the record
+    // whose element is `recordName` ("WDE", "ExciterList": "WDE_Exciter"), or
+    // an empty text when it has no such list of records. A record writes no
+    // empty list, so a document does not tell; the record itself does: a
+    // fresh one reads a fresh record of each kind and writes itself.
+    static QString ItemName(const QString& recordName, const QString& listName);
+    // The numbers of a value that its record holds as one Base64 text of
+    // doubles (WDE_Rasterdetector's "Frequency"), decoded as the record
+    // reads them; nothing for other values.
+    static std::optional<QVector<double>> NumberList(const QString& recordName,
+                                                     const QString& element, const QString& text);
 };
 
 } // namespace KELMORA

@@ -17,6 +17,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <optional>
 
 namespace tool {
 
@@ -100,19 +101,20 @@ QString GetOne(const KELMORA::IKMObject& record, const ShowTree& shown, const QS
     int depth = 0;
     while (depth < segments.size() && level->Child(segments.at(depth)))
         level = level->Child(segments.at(depth++));
-    SettingsNode* reached = nullptr;
-    document.Find(segments.mid(0, depth), &reached);
-    ThrowNoSuchName(segments, depth, record.GetObjectName(),
-                    NamesAt(reached && depth > 0 ? reached : nullptr, level));
+    // What is written at that level; nothing for a list that is empty.
+    const SettingsNode* written = depth > 0 ? document.Find(segments.mid(0, depth)) : nullptr;
+    ThrowNoSuchName(segments, depth, record.GetObjectName(), NamesAt(written, level));
 }
 
 // The item element that a list gets added: a fresh record of the items'
 // kind as it writes itself, else an empty element like the first item.
 std::unique_ptr<SettingsNode> NewItem(const SettingsNode& list, const SettingsDocument& document) {
-    const SettingsNode& model = *list.children.front();
+    const SettingsNode* model = list.children.empty() ? nullptr : list.children.front().get();
+    const QString itemName =
+        model ? model->name : KELMORA::RecordKinds::ItemName(list.parent->name, list.name);
     std::unique_ptr<SettingsNode> item;
-    if (!model.IsValue()) {
-        if (const auto fresh = KELMORA::RecordKinds::Create(model.name)) {
+    if (!model || !model->IsValue()) {
+        if (const auto fresh = KELMORA::RecordKinds::Create(itemName)) {
             const QString xml = fresh->GetXmlString();
             if (!xml.isEmpty())
                 item = SettingsDocument(xml, document.RecordNames()).Root().Copy();
@@ -120,13 +122,13 @@ std::unique_ptr<SettingsNode> NewItem(const SettingsNode& list, const SettingsDo
     }
     if (!item) {
         item = std::make_unique<SettingsNode>();
-        item->name = model.name;
-        for (const auto& attribute : model.attributes) {
+        item->name = itemName;
+        for (const auto& attribute : model->attributes) {
             if (attribute.first != QLatin1String("Name"))
                 item->attributes.append(attribute);
         }
     }
-    if (!model.Attribute(QStringLiteral("Index")).isNull())
+    if (!(model ? *model : *item).Attribute(QStringLiteral("Index")).isNull())
         item->SetAttribute(QStringLiteral("Index"), QString::number(list.children.size()));
     return item;
 }
@@ -237,6 +239,15 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
             continue;
         }
         const ShowNode* show = ShownAt(shown, segments.mid(0, depth));
+        // An item added by this command is shown as a fresh record of its kind.
+        std::unique_ptr<ShowTree> freshShown;
+        const auto fresh = show || !node->parent || !node->parent->wrapper
+                               ? nullptr
+                               : KELMORA::RecordKinds::Create(node->name);
+        if (fresh) {
+            freshShown = std::make_unique<ShowTree>(*fresh);
+            show = &freshShown->Root();
+        }
         const bool last = depth + 1 == segments.size();
         if (last && !adding && !node->Attribute(segment).isNull()) {
             node->SetAttribute(segment, value);
@@ -248,25 +259,25 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
             return;
         }
         const ShowNode* known = show ? show->Child(segment) : nullptr;
-        if (!known || node->wrapper || (!last && known->children.empty()))
+        // A list of records that is empty is not written.
+        const bool list = !KELMORA::RecordKinds::ItemName(node->name, segment).isEmpty();
+        if (!known || node->wrapper || (!last && !list && known->children.empty()))
             ThrowNoSuchName(segments, depth, rootName, NamesAt(node, show));
-        if (!last && !known->value.isNull())
-            throw PathError(
-                QStringLiteral("'%1' is an empty list; '+' adds items only to a list that holds "
-                               "some already")
-                    .arg(SettingsPath::Print(segments.mid(0, depth + 1))));
         auto created = std::make_unique<SettingsNode>();
         created->name = segment;
-        created->text = value;
+        created->text = list ? QString() : value;
+        created->wrapper = list;
         node = &node->Append(std::move(created));
-        if (last && !adding) {
+        if (last && !adding && !list) {
             KeepWhereRead(document, {node});
             return;
         }
     }
 
     if (adding) {
-        if (!node->wrapper || node->children.empty())
+        if (!node->wrapper ||
+            (node->children.empty() &&
+             KELMORA::RecordKinds::ItemName(node->parent->name, node->name).isEmpty()))
             throw PathError(QStringLiteral("'%1' is not a list that holds items; '+' adds items "
                                            "only to such a list")
                                 .arg(SettingsPath::Print(segments)));
@@ -373,6 +384,12 @@ public:
                      b.isNull() ? TreePrinter::UnsetText() : DisplayValue(b));
         }
         if (first.IsValue() && second.IsValue()) {
+            const auto firstNumbers = Numbers(first);
+            const auto secondNumbers = Numbers(second);
+            if (firstNumbers && secondNumbers) {
+                CompareNumbers(*firstNumbers, *secondNumbers, path);
+                return;
+            }
             const QString a = ValueText(first, path, *m_shown[0]);
             const QString b = ValueText(second, path, *m_shown[1]);
             if (!SameValue(a, b))
@@ -395,23 +412,63 @@ public:
     }
 
 private:
-    // A node that only one document has.
-    void OneSided(const SettingsNode& node, QStringList& path, bool inFirst) {
+    // A value that its record holds as one text of many numbers, decoded.
+    static std::optional<QVector<double>> Numbers(const SettingsNode& node) {
+        if (!node.parent)
+            return std::nullopt;
+        return KELMORA::RecordKinds::NumberList(node.parent->name, node.name, node.text);
+    }
+
+    // Lists of numbers, number by number as the items of a list.
+    void CompareNumbers(const QVector<double>& first, const QVector<double>& second,
+                        QStringList& path) {
+        for (int position = 0; position < std::max(first.size(), second.size()); ++position) {
+            const QString a =
+                position < first.size() ? TreePrinter::NumberText(first.at(position)) : kNone;
+            const QString b =
+                position < second.size() ? TreePrinter::NumberText(second.at(position)) : kNone;
+            if (a != b)
+                Line(path + QStringList{SettingsPath::ItemSegment(position)}, a, b);
+        }
+    }
+
+    // A node that only one document has; `within` one that only one has.
+    // A record or item is named, then each of its settings that is set.
+    void OneSided(const SettingsNode& node, QStringList& path, bool inFirst, bool within = false) {
         if (node.wrapper) {
             for (int position = 0; position < static_cast<int>(node.children.size()); ++position) {
                 path.append(SettingsPath::ItemSegment(position));
-                OneSided(*node.children[static_cast<size_t>(position)], path, inFirst);
+                OneSided(*node.children[static_cast<size_t>(position)], path, inFirst, within);
                 path.removeLast();
             }
             return;
         }
+        if (const auto numbers = Numbers(node)) {
+            CompareNumbers(inFirst ? *numbers : QVector<double>(),
+                           inFirst ? QVector<double>() : *numbers, path);
+            return;
+        }
         const QString text =
             node.IsValue() ? ValueText(node, path, *m_shown[inFirst ? 0 : 1]) : node.name;
-        // A value that is not written is unset; an item or record is absent.
+        // A value that is not written is unset; an item or record is absent,
+        // and so is all that it holds.
         const bool item = node.parent && node.parent->wrapper;
-        const QString absent = node.IsValue() && !item ? TreePrinter::UnsetText() : kNone;
-        if (text != absent)
+        const QString absent =
+            node.IsValue() && !item && !within ? TreePrinter::UnsetText() : kNone;
+        if (text != absent && !(within && text == TreePrinter::UnsetText()))
             Line(path, inFirst ? text : absent, inFirst ? absent : text);
+        if (node.IsValue() && !within)
+            return;
+        for (const auto& attribute : node.attributes) {
+            const QString value = DisplayValue(attribute.second);
+            Line(path + QStringList{attribute.first}, inFirst ? value : kNone,
+                 inFirst ? kNone : value);
+        }
+        for (const QString& segment : node.Segments()) {
+            path.append(segment);
+            OneSided(*node.Child(segment), path, inFirst, true);
+            path.removeLast();
+        }
     }
 
     void Line(const QStringList& path, const QString& a, const QString& b) {

@@ -152,12 +152,15 @@ QJsonValue NodeToJson(const SettingsNode& node, QStringList& path, const ShowTre
         object.insert(child->name, NodeToJson(*child, path, shown));
         path.removeLast();
     }
-    // What the record does not write because it is unset.
+    // What the record does not write because it is unset or empty.
     if (show) {
         for (const ShowNode& shownChild : show->children) {
-            if (ShownUnset(&shownChild) && !node.Child(shownChild.name) &&
-                node.Attribute(shownChild.name).isNull())
+            if (node.Child(shownChild.name) || !node.Attribute(shownChild.name).isNull())
+                continue;
+            if (ShownUnset(&shownChild))
                 object.insert(shownChild.name, QJsonValue());
+            else if (!KELMORA::RecordKinds::ItemName(node.name, shownChild.name).isEmpty())
+                object.insert(shownChild.name, QJsonArray()); // an empty list
         }
     }
     return object;

@@ -96,7 +96,7 @@ public:
     // "Value", lists as arrays of one-key objects {item element: item},
     // numbers as numbers, "true"/"false" as booleans. Wrapped in {root element: ...}.
     // Values that `show` prints as unset are null, also those that are not
-    // written at all.
+    // written at all; a list of records that is empty (not written) is [].
     QJsonValue ToJson(const ShowTree& shown) const;
     // A document of the JSON form above; throws KMException when it is not.
     static std::unique_ptr<SettingsNode> FromJson(const QJsonValue& json);

@@ -5,7 +5,8 @@
 _exciter_settings_paths() {
     local file=$1 word=$2 dir="" names
     [[ $word == */* ]] && dir=${word%/*}/
-    names=$("${COMP_WORDS[0]}" get "$file" "${dir}?" 2>&1 >/dev/null | sed -n 's/.*names there: //p')
+    names=$("${COMP_WORDS[0]}" get "$file" "${dir}?" 2>&1 >/dev/null |
+        sed -n '/names there: nothing$/q; s/.*names there: //p')
     local IFS=$'\n'
     COMPREPLY=($(compgen -W "$(printf '%s\n' ${names//, /$'\n'} | sed "s|^|${dir}|")" -- "$word"))
     compopt -o nospace 2>/dev/null
