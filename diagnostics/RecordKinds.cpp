@@ -128,6 +128,15 @@ RecordKinds::NumberList(const QString& recordName, const QString& element, const
     return DoubleListCodec::Decode(text);
 }
 
+std::optional<QString> RecordKinds::NumberListText(const QString& recordName,
+                                                   const QString& element,
+                                                   const QVector<double>& numbers) {
+    const ValueNotes::Note* note = ValueNotes::Find(recordName, element);
+    if (!note || note->kind != ValueNotes::Kind::DoubleList)
+        return std::nullopt;
+    return DoubleListCodec::Encode(numbers);
+}
+
 std::unique_ptr<IKMObject> RecordKinds::Create(const QString& rootName) {
     for (const Factory& create : Factories()) {
         std::unique_ptr<IKMObject> record = create();

@@ -41,6 +41,10 @@ public:
     // reads them; nothing for other values.
     static std::optional<QVector<double>> NumberList(const QString& recordName,
                                                      const QString& element, const QString& text);
+    // The text of such a value that holds `numbers`, as the record writes
+    // it; nothing for other values.
+    static std::optional<QString> NumberListText(const QString& recordName, const QString& element,
+                                                 const QVector<double>& numbers);
 };
 
 } // namespace KELMORA

@@ -121,12 +121,25 @@ bool ShownUnset(const ShowNode* show) {
     return show && show->value == TreePrinter::UnsetText();
 }
 
-QJsonValue NodeToJson(const SettingsNode& node, QStringList& path, const ShowTree& shown) {
+// A value that its record holds as one Base64 text of numbers (the raster
+// detector's frequencies) is an array of numbers in JSON, as show prints it.
+QJsonValue ValueToJson(const QString& parent, const SettingsNode& node) {
+    const auto numbers = KELMORA::RecordKinds::NumberList(parent, node.name, node.text);
+    if (!numbers)
+        return Scalar(node.text);
+    QJsonArray array;
+    for (const double number : *numbers)
+        array.append(number);
+    return array;
+}
+
+QJsonValue NodeToJson(const QString& parent, const SettingsNode& node, QStringList& path,
+                      const ShowTree& shown) {
     if (node.wrapper) {
         QJsonArray items;
         for (const auto& child : node.children) {
             path.append(SettingsPath::ItemSegment(static_cast<int>(items.size())));
-            items.append(QJsonObject{{child->name, NodeToJson(*child, path, shown)}});
+            items.append(QJsonObject{{child->name, NodeToJson(node.name, *child, path, shown)}});
             path.removeLast();
         }
         return items;
@@ -135,7 +148,7 @@ QJsonValue NodeToJson(const SettingsNode& node, QStringList& path, const ShowTre
     if (node.children.empty()) {
         // A value: null where show prints it as unset.
         const ShowNode* value = show && show->value.isNull() ? show->Child(kValueKey) : show;
-        QJsonValue scalar = ShownUnset(value) ? QJsonValue() : Scalar(node.text);
+        QJsonValue scalar = ShownUnset(value) ? QJsonValue() : ValueToJson(parent, node);
         if (node.attributes.isEmpty() && (!show || !show->value.isNull()))
             return scalar;
         QJsonObject object;
@@ -149,7 +162,7 @@ QJsonValue NodeToJson(const SettingsNode& node, QStringList& path, const ShowTre
         object.insert(kAttributeMark + attribute.first, attribute.second);
     for (const auto& child : node.children) {
         path.append(child->name);
-        object.insert(child->name, NodeToJson(*child, path, shown));
+        object.insert(child->name, NodeToJson(node.name, *child, path, shown));
         path.removeLast();
     }
     // What the record does not write because it is unset or empty.
@@ -166,7 +179,20 @@ QJsonValue NodeToJson(const SettingsNode& node, QStringList& path, const ShowTre
     return object;
 }
 
-std::unique_ptr<SettingsNode> NodeFromJson(const QString& name, const QJsonValue& json) {
+// An array of numbers for such a value: the text the record writes for it.
+std::optional<QString> NumberListFromJson(const QString& parent, const QString& name,
+                                          const QJsonArray& array) {
+    QVector<double> numbers;
+    for (const auto& item : array) {
+        if (!item.isDouble())
+            return std::nullopt;
+        numbers.append(item.toDouble());
+    }
+    return KELMORA::RecordKinds::NumberListText(parent, name, numbers);
+}
+
+std::unique_ptr<SettingsNode> NodeFromJson(const QString& parent, const QString& name,
+                                           const QJsonValue& json) {
     auto node = std::make_unique<SettingsNode>();
     node->name = name;
     switch (json.type()) {
@@ -186,6 +212,11 @@ std::unique_ptr<SettingsNode> NodeFromJson(const QString& name, const QJsonValue
         node->text = json.toString();
         break;
     case QJsonValue::Array: {
+        if (const auto text = NumberListFromJson(parent, name, json.toArray())) {
+            node->hasText = true;
+            node->text = *text;
+            break;
+        }
         node->wrapper = true;
         for (const auto& item : json.toArray()) {
             const QJsonObject object = item.toObject();
@@ -193,7 +224,7 @@ std::unique_ptr<SettingsNode> NodeFromJson(const QString& name, const QJsonValue
                 throw KMException(QStringLiteral("JSON: the items of '%1' must be objects of one "
                                                  "key, the item's element name")
                                       .arg(name));
-            node->Append(NodeFromJson(object.begin().key(), object.begin().value()));
+            node->Append(NodeFromJson(name, object.begin().key(), object.begin().value()));
         }
         break;
     }
@@ -215,13 +246,13 @@ std::unique_ptr<SettingsNode> NodeFromJson(const QString& name, const QJsonValue
         if (others == QStringList{kValueKey} && !object.value(kValueKey).isObject() &&
             !object.value(kValueKey).isArray()) {
             // A value with attributes; null leaves it as it is.
-            const auto value = NodeFromJson(name, object.value(kValueKey));
+            const auto value = NodeFromJson(parent, name, object.value(kValueKey));
             node->hasText = value->hasText;
             node->text = value->text;
             break;
         }
         for (const QString& key : others)
-            node->Append(NodeFromJson(key, object.value(key)));
+            node->Append(NodeFromJson(name, key, object.value(key)));
         break;
     }
     case QJsonValue::Undefined:
@@ -492,7 +523,7 @@ QString SettingsDocument::Xml() const {
 
 QJsonValue SettingsDocument::ToJson(const ShowTree& shown) const {
     QStringList path;
-    return QJsonObject{{m_root->name, NodeToJson(*m_root, path, shown)}};
+    return QJsonObject{{m_root->name, NodeToJson(QString(), *m_root, path, shown)}};
 }
 
 std::unique_ptr<SettingsNode> SettingsDocument::FromJson(const QJsonValue& json) {
@@ -500,7 +531,7 @@ std::unique_ptr<SettingsNode> SettingsDocument::FromJson(const QJsonValue& json)
     if (!json.isObject() || object.size() != 1 || !object.begin().value().isObject())
         throw KMException(QStringLiteral(
             "JSON: expected one object keyed by the root element, as show --json writes it"));
-    return NodeFromJson(object.begin().key(), object.begin().value());
+    return NodeFromJson(QString(), object.begin().key(), object.begin().value());
 }
 
 std::vector<SettingsNode*> SettingsDocument::Apply(const SettingsNode& changes) {
