@@ -37,7 +37,7 @@ inline QString Outcome(const std::function<void()>& call) {
 
 // The same; fails the test when nothing is thrown.
 inline QString ThrownMessage(const std::function<void()>& call) {
-    const QString message = Outcome(call);
+    QString message = Outcome(call);
     if (message.isNull())
         ADD_FAILURE() << "expected a KMException";
     return message;
