@@ -237,9 +237,9 @@ TEST(DocumentText, LargeTextsReadAsTheReaderReadsAQString) {
     // and whether it has a declaration or a byte order mark, it reads the same.
     for (const QString& text :
          {written, body, QChar(0xFEFF) + written,
-          "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + body,
-          "<?xml version=\"1.0\" encoding = 'utf-8' standalone=\"yes\"?>" + body,
-          "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + body}) {
+          R"(<?xml version="1.0" encoding="ISO-8859-1"?>)" + body,
+          R"(<?xml version="1.0" encoding = 'utf-8' standalone="yes"?>)" + body,
+          R"(<?xml version="1.0" encoding="UTF-16"?>)" + body}) {
         SCOPED_TRACE(text.left(60).toStdString());
         WDE read;
         read.SetXmlString(text);
