@@ -37,7 +37,7 @@ QString RecordNames(const QString& leadIn) {
 
 QString Description() {
     return QStringLiteral(
-               "Checks, shows and formats ExciterSettings XML files. The root element of a file\n"
+               "Checks, shows, lints, formats, changes and compares ExciterSettings XML files.\n"
                "%1\n"
                "\n"
                "Commands:\n"
@@ -76,7 +76,7 @@ QString Description() {
                "      element, or rejected by its record while loading (such as an unknown\n"
                "      element); the reason goes to standard error as \"FILE: <reason>\"\n"
                "  64  wrong usage, or a path that names no setting")
-        .arg(RecordNames(QStringLiteral("names its record:")));
+        .arg(RecordNames(QStringLiteral("The root element of a file names its record:")));
 }
 
 int UsageError(QTextStream& err, const QString& text) {
