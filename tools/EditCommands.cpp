@@ -214,6 +214,20 @@ void AddChoices(QString& message, const SettingsNode& node) {
     }
 }
 
+// A value that its record keeps as one Base64 text of numbers (a raster
+// detector's frequencies) is given as get prints it: numbers separated by
+// commas ("433050000, 433925000"). Anything else is taken as it stands.
+QString GivenText(const SettingsNode& parent, const QString& name, const QString& value) {
+    QVector<double> numbers;
+    for (const QString& part : value.split(QLatin1Char(','))) {
+        bool ok = false;
+        numbers.append(part.trimmed().toDouble(&ok));
+        if (!ok)
+            return value;
+    }
+    return KELMORA::RecordKinds::NumberListText(parent.name, name, numbers).value_or(value);
+}
+
 // Applies one "PATH=VALUE" to the document.
 void Assign(SettingsDocument& document, const ShowTree& shown, const QString& assignment) {
     const int equals = assignment.indexOf(QLatin1Char('='));
@@ -265,7 +279,7 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
             ThrowNoSuchName(segments, depth, rootName, NamesAt(node, show));
         auto created = std::make_unique<SettingsNode>();
         created->name = segment;
-        created->text = list ? QString() : value;
+        created->text = list ? QString() : GivenText(*node, segment, value);
         created->wrapper = list;
         node = &node->Append(std::move(created));
         if (last && !adding && !list) {
@@ -300,7 +314,7 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
     }
     if (!node->IsValue())
         throw PathError(QStringLiteral("'%1' is a record or a list, not a value").arg(path));
-    node->text = value;
+    node->text = GivenText(*node->parent, node->name, value);
 }
 
 // Reads the changed document into a fresh record, refuses what the lint

@@ -263,10 +263,13 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
         QString err;
         const char* differences;
     } cases[] = {
-        {{"TGN/Power=-10", "TGN/Tone=1000", "WDE/Mode=EX", "WDE/ExciterList/0/Name=First"},
+        {{"TGN/Power=-10", "TGN/Tone=1000", "WDE/Mode=EX", "WDE/ExciterList/0/Name=First",
+          "WDE/RasterdetectorList/0/Frequency=433050000, 4.3393e8"},
          0,
          {},
          "TGN/Power: -12.5 -> -10\nTGN/Tone: unset -> 1000\nWDE/Mode: DETX -> EX\n"
+         "WDE/RasterdetectorList/0/Frequency/1: 433925000 -> 433930000\n"
+         "WDE/RasterdetectorList/0/Frequency/2: 434790000 -> (none)\n"
          "WDE/ExciterList/0/Name: unset -> First\n"},
         {{"WDE/ExciterList/+", "WDE/ExciterList/2/SignalType=CW", "WDE/ExciterList/2/Level=-3",
           "WDE/SimulationList/0/FrequencyList/+=50000", "WDE/ExciterList/0=-"},
