@@ -121,7 +121,8 @@ Validation Validate(const QMap<QString, QString>& documents) {
     xmllint.start(QString(XMLLINT_PATH),
                   QStringList{"--noout", "--schema", SCHEMA_FILE} + documents.keys());
     EXPECT_TRUE(xmllint.waitForFinished(120000))
-        << "xmllint (" XMLLINT_PATH ") did not run; scripts/bootstrap.sh --dev installs libxml2-utils";
+        << "xmllint (" XMLLINT_PATH
+           ") did not run; scripts/bootstrap.sh --dev installs libxml2-utils";
     Validation result;
     const QString output = QString::fromUtf8(xmllint.readAllStandardError());
     for (const QString& line : output.split('\n')) {
