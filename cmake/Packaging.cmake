@@ -120,8 +120,9 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
   ${PROJECT_BINARY_DIR}/kelmorabase ${PROJECT_BINARY_DIR}/framework)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 # The runtime package's shlibs file (what packages built against it depend
-# on) and an ldconfig trigger; CPack's own shlibs option would call ldconfig
-# from maintainer scripts instead, which Debian has replaced by the trigger.
+# on) and an ldconfig trigger, which Debian uses instead of the ldconfig
+# calls that CPack writes into maintainer scripts for every package with
+# libraries under /usr/lib.
 set(deb_control ${PROJECT_BINARY_DIR}/debian/${deb_runtime}-control)
 file(WRITE ${deb_control}/shlibs
   "libExciterSettings${EXCITERSETTINGS_NAME_SUFFIX} ${PROJECT_VERSION_MAJOR} ${deb_runtime} (>= ${PROJECT_VERSION})
