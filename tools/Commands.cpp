@@ -128,6 +128,15 @@ std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName) {
     return record;
 }
 
+QString DocumentText(const QString& fileName) {
+    if (fileName == StandardStream())
+        return StandardInput();
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        throw KMException(QStringLiteral("Cannot open for reading: %1").arg(file.errorString()));
+    return QString::fromUtf8(file.readAll());
+}
+
 int RunCheck(const QStringList& files, QTextStream& out, QTextStream& err) {
     int status = ExitSuccess;
     for (const QString& file : files) {

@@ -56,6 +56,9 @@ inline QString StandardStream() {
 std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName);
 // All of standard input as text, read once and kept for later calls.
 QString StandardInput();
+// The text of the file ("-": standard input) as it stands. Throws
+// KMException when it cannot be read.
+QString DocumentText(const QString& fileName);
 // Writes the record through its atomic save, or to standard output for
 // "-". Throws KMException when it cannot.
 void SaveRecord(const KELMORA::IKMObject& record, const QString& target);

@@ -88,11 +88,17 @@ int Load(const QString& file, std::unique_ptr<KELMORA::IKMObject>& record, QText
     return ExitSuccess;
 }
 
-QString GetOne(const KELMORA::IKMObject& record, const ShowTree& shown, const QString& path) {
+// The text a file was read from, for a record that writes nothing.
+std::function<QString()> SourceOf(const QString& file) {
+    return [file] { return DocumentText(file); };
+}
+
+QString GetOne(const KELMORA::IKMObject& record, const QString& file, const ShowTree& shown,
+               const QString& path) {
     const QStringList segments = SettingsPath::Parse(path);
     if (const ShowNode* node = shown.Find(segments))
         return node->children.empty() ? node->value + QLatin1Char('\n') : shown.Text(*node);
-    const SettingsDocument document(record);
+    const SettingsDocument document(record, SourceOf(file));
     // What show prints on one line, such as a list of numbers, the written
     // tree names item by item.
     if (const SettingsNode* node = document.Find(segments); node && node->IsValue())
@@ -344,8 +350,16 @@ int Save(const SetRequest& request, const SettingsDocument& document, QTextStrea
             refused = true;
         }
     }
-    if (refused) {
-        Report(err, request.file, QStringLiteral("not saved (--force saves it anyway)"));
+    // Records that write nothing while incomplete cannot be forced.
+    const bool writesNothing =
+        KELMORA::RecordKinds::RootNameOfXmlString(record->GetXmlString()).isEmpty();
+    if (refused || writesNothing) {
+        if (writesNothing && request.force)
+            Report(err, request.file, Failure([&] { record->Check(); }).value_or(QString()));
+        Report(err, request.file,
+               writesNothing ? QStringLiteral("not saved: %1 writes no settings while incomplete")
+                                   .arg(record->GetObjectName())
+                             : QStringLiteral("not saved (--force saves it anyway)"));
         return ExitFailed;
     }
     if (const auto failure = Failure([&] { SaveRecord(*record, request.target); })) {
@@ -503,7 +517,7 @@ int RunGet(const QString& file, const QStringList& paths, QTextStream& out, QTex
     const ShowTree shown(*record);
     for (const QString& path : paths) {
         try {
-            out << GetOne(*record, shown, path);
+            out << GetOne(*record, file, shown, path);
         } catch (const KMException& failure) {
             out.flush();
             Report(err, file, failure.GetMessage());
@@ -521,7 +535,7 @@ int RunShowJson(const QString& file, QTextStream& out, QTextStream& err) {
     const ShowTree shown(*record);
     QByteArray json;
     if (const auto failure = Failure([&] {
-            json = QJsonDocument(SettingsDocument(*record).ToJson(shown).toObject())
+            json = QJsonDocument(SettingsDocument(*record, SourceOf(file)).ToJson(shown).toObject())
                        .toJson(QJsonDocument::Indented);
         })) {
         Report(err, file, *failure);
@@ -539,7 +553,7 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
     const ShowTree shown(*record);
     std::unique_ptr<SettingsDocument> written;
     if (const auto failure =
-            Failure([&] { written = std::make_unique<SettingsDocument>(*record); })) {
+            Failure([&] { written = std::make_unique<SettingsDocument>(*record, SourceOf(request.file)); })) {
         Report(err, request.file, *failure);
         return ExitFailed;
     }
@@ -582,7 +596,9 @@ int RunDiff(const QString& first, const QString& second, QTextStream& out, QText
     std::unique_ptr<SettingsDocument> documents[2];
     for (int side = 0; side < 2; ++side) {
         if (const auto failure = Failure(
-                [&] { documents[side] = std::make_unique<SettingsDocument>(*records[side]); })) {
+                [&] { documents[side] = std::make_unique<SettingsDocument>(
+                        *records[side], SourceOf(side == 0 ? first : second));
+                })) {
             Report(err, side == 0 ? first : second, *failure);
             return ExitUnreadable;
         }

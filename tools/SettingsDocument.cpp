@@ -455,8 +455,13 @@ std::unique_ptr<SettingsNode> SettingsNode::Copy() const {
     return copy;
 }
 
-SettingsDocument::SettingsDocument(const KELMORA::IKMObject& record) {
-    const QString xml = record.GetXmlString();
+SettingsDocument::SettingsDocument(const KELMORA::IKMObject& record,
+                                   const std::function<QString()>& sourceText) {
+    QString xml = record.GetXmlString();
+    // An incomplete record (one value missing) still holds everything else
+    // that the file gave; its file is the tree to read and change.
+    if (sourceText && KELMORA::RecordKinds::RootNameOfXmlString(xml).isEmpty())
+        xml = sourceText();
     if (KELMORA::RecordKinds::RootNameOfXmlString(xml).isEmpty()) {
         QString reason;
         try {

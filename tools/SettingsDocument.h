@@ -77,8 +77,11 @@ struct SettingsNode {
 // document into a fresh record of the same kind.
 class SettingsDocument {
 public:
-    // Throws KMException for a record that writes nothing (incomplete).
-    explicit SettingsDocument(const KELMORA::IKMObject& record);
+    // A record that writes nothing while incomplete is taken as the text it
+    // was read from, `sourceText()`, when that is given; otherwise throws
+    // KMException.
+    explicit SettingsDocument(const KELMORA::IKMObject& record,
+                              const std::function<QString()>& sourceText = nullptr);
     // A document given as text; `recordNames` as learned from another.
     SettingsDocument(const QString& xml, const QSet<QString>& recordNames);
 

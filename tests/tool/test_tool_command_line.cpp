@@ -299,7 +299,8 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
          kLookThrough +
              ": SCU: 'SCU' is incomplete (SCU: Please set TransmitTime!): nothing is "
              "saved\n" +
-             kLookThrough + ": SCU: Please set TransmitTime!\n" + refused,
+             kLookThrough + ": SCU: Please set TransmitTime!\n" + kLookThrough +
+             ": not saved: Exciter_Settings writes no settings while incomplete\n",
          ""},
         {{"SCU/TransmitTime=0.0004", "--force"}, 0, {}, "SCU/TransmitTime: 2.5 -> 0\n"},
         {{"SCU/Powr=1"},
@@ -380,11 +381,12 @@ TEST_F(ToolCommandLine, DiffComparesTheSettingsByValue) {
         Write("b.xml", QByteArray(original).replace(change.from, change.to));
         EXPECT_EQ(Output({"diff", kLookThrough, "b.xml"}, change.status), change.out);
     }
-    // An incomplete record writes no settings to compare.
-    EXPECT_EQ(Output({"diff", kExample, "incomplete.xml"}, 2,
-                     "incomplete.xml: ATTANTPath writes no settings while incomplete (ATTANTPath: "
-                     "Please set ATT4!)\n"),
-              "");
+    // An incomplete record writes nothing: its file gives its settings, and
+    // set completes it.
+    EXPECT_EQ(Output({"diff", kExample, "incomplete.xml"}, 1),
+              "ATT1: true -> True\nATT3: false -> true\nATT4: true -> unset\n");
+    Output({"set", "incomplete.xml", "ATT1=true", "ATT3=false", "ATT4=true", "-o", "out.xml"});
+    EXPECT_EQ(Output({"diff", kExample, "out.xml"}), "");
 }
 
 // show --json, changed by a script, and set --json of it; and back.
