@@ -7,8 +7,8 @@ namespace KELMORA {
 
 namespace {
 
-// Where a root's start tag begins: the reader is after it, and before the
-// root there is no token of the loop to measure from. The tag is taken as
+// Where a start tag begins, the reader after it (the root's, or one inside a
+// value), where no token of the element loop measures it. The tag is taken as
 // written without extra spaces, which is how settings files are written.
 qint64 StartColumnOfTag(const QXmlStreamReader& reader) {
     qint64 length = 2 + reader.name().size(); // "<name" and ">"
@@ -63,6 +63,17 @@ void ReadTrace::ChildStarted(const IKMObject& record, const QXmlStreamReader& re
     }
     m_elements.push_back(std::move(element));
     m_open.push_back(index);
+}
+
+void ReadTrace::ElementInValue(const QXmlStreamReader& reader) {
+    if (m_open.empty())
+        return;
+    const IKMObject* owner = m_elements[static_cast<size_t>(m_open.back())].owner;
+    if (!owner)
+        return;
+    ChildStarted(*owner, reader, reader.lineNumber(), StartColumnOfTag(reader));
+    m_elements.back().kind = Kind::PassedOver;
+    m_open.pop_back();
 }
 
 void ReadTrace::ChildEnded(const IKMObject&, const QXmlStreamReader&, bool passedOver) {

@@ -60,6 +60,7 @@ public:
     void ChildEnded(const IKMObject& record, const QXmlStreamReader& reader,
                     bool passedOver) override;
     void ValueRead(const QString& text) override;
+    void ElementInValue(const QXmlStreamReader& reader) override;
 
     // The root record is read completely: its own reason to write nothing.
     void RootRead(const IKMObject& root);

@@ -55,6 +55,7 @@ public:
             CheckKeptValues();
         else
             CompareWrittenBy(0, root, QString(), &written);
+        ReportElementsInValues();
         std::stable_sort(m_findings.begin(), m_findings.end(),
                          [](const LintFinding& a, const LintFinding& b) {
                              return a.line != b.line ? a.line < b.line : a.column < b.column;
@@ -95,6 +96,19 @@ private:
         CompareRecord({element}, 0);
         m_written = outer;
         m_prefix = outerPrefix;
+    }
+
+    // A value keeps only its text; elements inside it are lost.
+    void ReportElementsInValues() {
+        for (int index = 0; index < static_cast<int>(m_given.size()); ++index) {
+            const Given& element = At(index);
+            if (element.kind == Kind::PassedOver && element.parent >= 0 &&
+                At(element.parent).kind == Kind::Value)
+                Add(element, GivenPath(m_given, index),
+                    QStringLiteral("element '%1' inside the value '%2' is passed over and lost "
+                                   "on save: a value keeps only its text")
+                        .arg(element.name, At(element.parent).name));
+        }
     }
 
     // Values that read back as they stand: their range, and flags held as
@@ -317,7 +331,11 @@ private:
         else
             message = QStringLiteral("unknown element '%1' is passed over and lost on save")
                           .arg(given.name);
-        Add(given, JoinPath(path, given.name), message);
+        // Inside list wrappers, which the record reads as its own.
+        QString where = given.name;
+        for (int at = given.parent; at >= 0 && At(at).kind == Kind::Wrapper; at = At(at).parent)
+            where = JoinPath(At(at).name, where);
+        Add(given, JoinPath(path, where), message);
     }
 
     QString WhyWDEIsPassedOver(const Exciter_Settings& settings, int element,

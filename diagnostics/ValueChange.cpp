@@ -87,7 +87,7 @@ QString ListChanged(const QString& given) {
     if (!stray.isNull())
         return QStringLiteral("%1 holds characters that are not Base64 ('%2'): they are passed "
                               "over and %3")
-            .arg(Quoted(given), stray.isSpace() ? QStringLiteral(" ") : QString(stray), reads);
+            .arg(Quoted(given), Escaped(QString(stray)), reads);
     if (bytes % 8 != 0)
         return QStringLiteral("%1 holds %2 bytes, not whole numbers of 8: the last %3 are "
                               "dropped and %4")
@@ -116,10 +116,15 @@ QString NumberChanged(const QString& name, const QString& given, const QString& 
                 .arg(Quoted(given), name);
         return QStringLiteral("%1 reads as 0: it is too large for %2").arg(Quoted(given), name);
     }
-    if (written == RecordFormat::FixedTwo(givenValue))
+    const bool twoDecimals = written == RecordFormat::FixedTwo(givenValue);
+    const bool sixDigits = written == RecordFormat::GeneralSix(givenValue);
+    if (twoDecimals && sixDigits) // either format gives this text
+        return QStringLiteral("%1 is saved as '%2': %3 keeps no more digits than that")
+            .arg(Quoted(given), written, name);
+    if (twoDecimals)
         return QStringLiteral("%1 is saved as '%2': %3 keeps two decimals")
             .arg(Quoted(given), written, name);
-    if (written == RecordFormat::GeneralSix(givenValue))
+    if (sixDigits)
         return QStringLiteral("%1 is saved as '%2': %3 keeps six significant digits")
             .arg(Quoted(given), written, name);
     return QString();
@@ -137,8 +142,25 @@ bool IsUnsetMarker(const QString& text) {
 QString Quoted(const QString& text) {
     constexpr int kLongest = 40;
     if (text.size() <= kLongest)
-        return QStringLiteral("'%1'").arg(text);
-    return QStringLiteral("'%1...'").arg(text.left(kLongest - 3));
+        return QStringLiteral("'%1'").arg(Escaped(text));
+    return QStringLiteral("'%1...'").arg(Escaped(text.left(kLongest - 3)));
+}
+
+QString Escaped(const QString& text) {
+    QString escaped;
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\n'))
+            escaped += QStringLiteral("\\n");
+        else if (c == QLatin1Char('\r'))
+            escaped += QStringLiteral("\\r");
+        else if (c == QLatin1Char('\t'))
+            escaped += QStringLiteral("\\t");
+        else if (c.category() == QChar::Other_Control)
+            escaped += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
+        else
+            escaped += c;
+    }
+    return escaped;
 }
 
 QString Describe(const QString& record, const QString& name, const QString& given,

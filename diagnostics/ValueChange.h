@@ -24,8 +24,11 @@ QString OutOfRange(const QString& name, const QString& value, const QString& min
                    const QString& maximum);
 // Whether a number text is one of the unset markers.
 bool IsUnsetMarker(const QString& text);
-// The text in quotes, shortened when long.
+// The text in quotes, shortened when long, line breaks and other control
+// characters escaped so that a message stays on one line.
 QString Quoted(const QString& text);
+// Control characters as escapes: "\n", "\r", "\t", "\x01".
+QString Escaped(const QString& text);
 
 } // namespace ValueChange
 } // namespace KELMORA

@@ -27,6 +27,8 @@ QString CollectRest(QXmlStreamReader& reader, QString text, QXmlStreamReader::To
         case QXmlStreamReader::EndElement:
             return text;
         case QXmlStreamReader::StartElement:
+            if (ReadObserver* observer = ReadObserver::Current())
+                observer->ElementInValue(reader);
             reader.skipCurrentElement();
             break;
         default:

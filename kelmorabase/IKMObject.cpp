@@ -689,6 +689,7 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
     // string far larger than its text.)
     if (!reader.isStartElement())
         return QString();
+    ReadObserver* const observer = ReadObserver::Current();
     QString text;
     for (;;) {
         switch (reader.readNext()) {
@@ -702,10 +703,12 @@ QString IKMObject::GetTextValue(QXmlStreamReader& reader) {
             break;
         }
         case QXmlStreamReader::EndElement:
-            if (ReadObserver* observer = ReadObserver::Current())
+            if (observer)
                 observer->ValueRead(text);
             return text;
         case QXmlStreamReader::StartElement:
+            if (observer)
+                observer->ElementInValue(reader);
             reader.skipCurrentElement();
             break;
         default: // comments and processing instructions are passed over

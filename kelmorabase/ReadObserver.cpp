@@ -14,6 +14,8 @@ std::atomic<int> gInstalled{0};
 
 ReadObserver::~ReadObserver() = default;
 
+void ReadObserver::ElementInValue(const QXmlStreamReader& /*reader*/) {}
+
 ReadObserver* ReadObserver::Current() {
     if (gInstalled.load(std::memory_order_relaxed) == 0)
         return nullptr;

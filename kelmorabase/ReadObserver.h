@@ -45,6 +45,10 @@ public:
                             bool passedOver) = 0;
     // A record took the text of the current child element as a value.
     virtual void ValueRead(const QString& text) = 0;
+    // An element inside the element whose text a record is taking as a
+    // value (the reader after its start tag): the value keeps only its
+    // text, so the element is passed over. Does nothing unless overridden.
+    virtual void ElementInValue(const QXmlStreamReader& reader);
 
     // The observer of this thread, or null.
     static ReadObserver* Current();

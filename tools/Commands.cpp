@@ -6,6 +6,7 @@
 
 #include <InputLimits.h>
 #include <KMException.h>
+#include <RecordKinds.h>
 #include <SettingsLint.h>
 #include <XmlReaderError.h>
 
@@ -96,7 +97,7 @@ void SaveRecord(const KELMORA::IKMObject& record, const QString& target) {
         return;
     }
     const QString xml = record.GetXmlString();
-    if (xml.isEmpty())
+    if (KELMORA::RecordKinds::RootNameOfXmlString(xml).isEmpty())
         throw KMException(QStringLiteral("Cannot write to standard output: %1 holds no complete "
                                          "settings")
                               .arg(record.GetObjectName()));
@@ -179,8 +180,11 @@ int RunLint(const QStringList& files, QTextStream& out) {
             file == StandardStream() ? KELMORA::SettingsLint::LintXmlString(StandardInput())
                                      : KELMORA::SettingsLint::LintXmlFile(file);
         for (const KELMORA::LintFinding& finding : findings) {
+            // One line each, whatever a record's message quotes.
+            QString message = finding.message;
+            message.replace(QLatin1Char('\n'), QLatin1String("\\n"));
             out << file << ':' << finding.line << ':' << finding.column << ": "
-                << finding.SeverityText() << ": " << finding.message << '\n';
+                << finding.SeverityText() << ": " << message << '\n';
             status = std::max(status, finding.severity == KELMORA::LintFinding::Error
                                           ? int(ExitUnreadable)
                                           : int(ExitFailed));

@@ -144,7 +144,10 @@ const Command kCommands[] = {
          return parser.isSet(options.showJson) ? RunShowJson(Files(parser).first(), out, err)
                                                : RunShow(Files(parser).first(), out, err);
      }},
-    {"lint", "exciter-settings lint examples/*.xml",
+    {"lint",
+     "sed 's/<TransmitTime>2.50</<TransmitTime>0.0004</' examples/sweep.xml > damaged.xml\n"
+     "  exciter-settings lint damaged.xml\n"
+     "  damaged.xml:28:9: warning: '0.0004' is saved as '0.00': TransmitTime keeps two decimals",
      [](QCommandLineParser& parser, const Options&) {
          parser.addPositionalArgument(QStringLiteral("lint"),
                                       QStringLiteral("Report silent losses."));
