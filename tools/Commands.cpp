@@ -6,6 +6,7 @@
 
 #include <InputLimits.h>
 #include <KMException.h>
+#include <ReadObserver.h>
 #include <RecordKinds.h>
 #include <SettingsLint.h>
 #include <XmlReaderError.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <functional>
 #include <optional>
 
 namespace tool {
@@ -37,6 +39,67 @@ QString RootElementName(QFile& file) {
     throw KELMORA::XmlReaderError(reader);
 }
 
+// Follows a load to name the value a record refused: the innermost child
+// element open when the record threw, and the text it took of it.
+class RefusedValue : public KELMORA::ReadObserver {
+public:
+    void RecordEntered(const KELMORA::IKMObject& /*record*/,
+                       const QXmlStreamReader& /*reader*/) override {}
+    void ChildStarted(const KELMORA::IKMObject& record, const QXmlStreamReader& reader,
+                      qint64 /*line*/, qint64 /*column*/) override {
+        m_open.push_back({record.GetObjectName(), reader.name().toString(), QString()});
+    }
+    void ChildEnded(const KELMORA::IKMObject& /*record*/, const QXmlStreamReader& /*reader*/,
+                    bool /*passedOver*/) override {
+        m_open.pop_back();
+    }
+    void ValueRead(const QString& text) override {
+        if (!m_open.empty())
+            m_open.back().text = text;
+    }
+
+    // " (NAME choices: A, B)" when the open value has a choice list, with
+    // the text refused unless the message quotes it; else nothing.
+    QString ChoicesNote(const QString& message) const {
+        if (m_open.empty())
+            return QString();
+        const Value& value = m_open.back();
+        const RecordType* type = RecordRegistry::Instance().Find(value.record);
+        if (!type || !type->choices)
+            return QString();
+        const QStringList choices = type->choices(*type->create(), value.element);
+        if (choices.isEmpty())
+            return QString();
+        const QString quoted = QStringLiteral("'%1'").arg(value.text);
+        return message.contains(quoted)
+                   ? QStringLiteral(" (%1 choices: %2)")
+                         .arg(value.element, choices.join(QStringLiteral(", ")))
+                   : QStringLiteral(" (%1 %2; choices: %3)")
+                         .arg(value.element, quoted, choices.join(QStringLiteral(", ")));
+    }
+
+private:
+    struct Value {
+        QString record, element, text;
+    };
+    std::vector<Value> m_open;
+};
+
+// Loads the record with `load`; a failure is rethrown with the line where
+// the reader stopped and the choices of a value the record refused.
+void LoadNamingFailures(KELMORA::IKMObject& record, const std::function<void()>& load) {
+    RefusedValue refused;
+    try {
+        const KELMORA::ReadObserver::Scope watching(refused);
+        load();
+    } catch (const KELMORA::KelmoraException& failure) {
+        QString message = failure.GetMessage();
+        if (record.GetFailureLine() > 0 && !message.contains(QLatin1String("(line ")))
+            message += QStringLiteral(" (line %1)").arg(record.GetFailureLine());
+        throw KMException(message + refused.ChoicesNote(failure.GetMessage()));
+    }
+}
+
 } // namespace
 
 void Report(QTextStream& stream, const QString& file, const QString& text) {
@@ -57,17 +120,6 @@ QString StandardInput() {
 
 namespace {
 
-// A record's failure while loading, with the line where the reader stopped
-// unless the message names it already.
-[[noreturn]] void Rethrow(const KELMORA::KelmoraException& failure,
-                          const KELMORA::IKMObject& record) {
-    const QString& message = failure.GetMessage();
-    if (record.GetFailureLine() <= 0 || message.contains(QLatin1String("(line ")))
-        throw;
-    throw KMException(
-        QStringLiteral("%1 (line %2)").arg(message, QString::number(record.GetFailureLine())));
-}
-
 std::unique_ptr<KELMORA::IKMObject> CreateRecord(const QString& rootName) {
     const RecordType* type = RecordRegistry::Instance().Find(rootName);
     if (!type)
@@ -81,11 +133,7 @@ std::unique_ptr<KELMORA::IKMObject> LoadStandardInput() {
     if (!reader.readNextStartElement())
         throw KELMORA::XmlReaderError(reader);
     std::unique_ptr<KELMORA::IKMObject> record = CreateRecord(reader.name().toString());
-    try {
-        record->SetXmlString(xml);
-    } catch (const KELMORA::KelmoraException& failure) {
-        Rethrow(failure, *record);
-    }
+    LoadNamingFailures(*record, [&] { record->SetXmlString(xml); });
     return record;
 }
 
@@ -119,13 +167,7 @@ std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName) {
     if (!file.seek(0))
         throw KMException(
             QStringLiteral("Cannot read the file a second time: %1").arg(file.errorString()));
-    try {
-        record->LoadXml(file);
-    } catch (const KELMORA::KelmoraException& failure) {
-        // A record's own message says what is wrong; add where, unless the
-        // XML reader's message already names the line.
-        Rethrow(failure, *record);
-    }
+    LoadNamingFailures(*record, [&] { record->LoadXml(file); });
     return record;
 }
 

@@ -121,6 +121,12 @@ TEST_F(ToolCommandLine, UnreadableFilesExitWithTwoAndTheReasonOnStandardError) {
         // Well-formed, but rejected by the record while loading.
         {"unknowntag.xml", "<ATTANTPath>\n<ATT1>true</ATT1>\n<ATT7>true</ATT7></ATTANTPath>",
          "Unknown Tag 'ATT7' in 'ATTANTPath' (line 3)"},
+        // A text outside a choice list: the choices, and the text where the
+        // record's message does not quote it.
+        {"mode.xml", "<Exciter_Settings>\n<ExciterMode>Sweeep</ExciterMode></Exciter_Settings>",
+         "Exciter_Settings: Invalid TaskType '-1' (line 2) (ExciterMode 'Sweeep'; choices: "
+         "Continuous, Deception, Trap, Follower, Fast Sequential, Fast Sequential Parallel, Look "
+         "Through, Look Through Parallel, Sweep, Wideband, Barrage, Broadcast)"},
     };
     for (const auto& broken : cases) {
         const QString name = Write(broken[0], broken[1]);
