@@ -117,6 +117,18 @@ QJsonValue Scalar(const QString& text) {
     return text;
 }
 
+// An attribute as JSON: a number where it is one and reads back as the same
+// text (an item's Index, a range's Minimum); the version and an item's name
+// are labels and stay texts.
+QJsonValue AttributeToJson(const std::pair<QString, QString>& attribute) {
+    if (attribute.first != QLatin1String("Version") && attribute.first != QLatin1String("Name")) {
+        if (const auto number = Number(attribute.second);
+            number && TreePrinter::NumberText(*number) == attribute.second)
+            return *number;
+    }
+    return attribute.second;
+}
+
 bool ShownUnset(const ShowNode* show) {
     return show && show->value == TreePrinter::UnsetText();
 }
@@ -153,13 +165,13 @@ QJsonValue NodeToJson(const QString& parent, const SettingsNode& node, QStringLi
             return scalar;
         QJsonObject object;
         for (const auto& attribute : node.attributes)
-            object.insert(kAttributeMark + attribute.first, attribute.second);
+            object.insert(kAttributeMark + attribute.first, AttributeToJson(attribute));
         object.insert(kValueKey, scalar);
         return object;
     }
     QJsonObject object;
     for (const auto& attribute : node.attributes)
-        object.insert(kAttributeMark + attribute.first, attribute.second);
+        object.insert(kAttributeMark + attribute.first, AttributeToJson(attribute));
     for (const auto& child : node.children) {
         path.append(child->name);
         object.insert(child->name, NodeToJson(node.name, *child, path, shown));
@@ -170,10 +182,10 @@ QJsonValue NodeToJson(const QString& parent, const SettingsNode& node, QStringLi
         for (const ShowNode& shownChild : show->children) {
             if (node.Child(shownChild.name) || !node.Attribute(shownChild.name).isNull())
                 continue;
-            if (ShownUnset(&shownChild))
-                object.insert(shownChild.name, QJsonValue());
-            else if (!KELMORA::RecordKinds::ItemName(node.name, shownChild.name).isEmpty())
+            if (!KELMORA::RecordKinds::ItemName(node.name, shownChild.name).isEmpty())
                 object.insert(shownChild.name, QJsonArray()); // an empty list
+            else if (ShownUnset(&shownChild) || shownChild.value.isNull())
+                object.insert(shownChild.name, QJsonValue()); // also a record left out
         }
     }
     return object;
