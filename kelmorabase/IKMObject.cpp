@@ -6,6 +6,7 @@
 #include "ReadObserver.h"
 #include "XmlReaderError.h"
 
+#include <QBuffer>
 #include <QtEndian>
 
 #include <algorithm>
@@ -238,6 +239,14 @@ QByteArray ReadBoundedBytes(QDataStream& in, qint64 limit, const QString& object
         in.setStatus(QDataStream::ReadPastEnd);
         return QByteArray();
     }
+    // From a frame in memory, a view of its bytes rather than a second copy.
+    if (auto* buffer = qobject_cast<QBuffer*>(in.device());
+        buffer && length <= buffer->size() - buffer->pos()) {
+        const QByteArray view =
+            QByteArray::fromRawData(buffer->data().constData() + buffer->pos(), int(length));
+        in.skipRawData(static_cast<int>(length));
+        return view;
+    }
     QByteArray bytes(static_cast<int>(length), Qt::Uninitialized);
     if (in.readRawData(bytes.data(), static_cast<int>(length)) != static_cast<int>(length))
         in.setStatus(QDataStream::ReadPastEnd);
@@ -389,6 +398,13 @@ void IKMObject::SetBinary(QDataStream& in) {
     const QByteArray xml = ReadBoundedBytes(in, m_inputLimits.maxBinaryFrameSize, GetObjectName());
     if (in.status() != QDataStream::Ok)
         throw KMException(QStringLiteral("%1: binary payload is truncated").arg(GetObjectName()));
+    // Measured in its UTF-8 bytes first, so that a document past a limit
+    // is refused before it is converted.
+    MarkupScanner scanner(m_inputLimits);
+    if (!scanner.Scan(xml.constData(), xml.size())) {
+        m_failureLine = scanner.Line();
+        throw LimitExceeded(scanner.Failure());
+    }
     SetXmlString(QString::fromUtf8(xml));
 }
 
@@ -604,8 +620,17 @@ void IKMObject::LoadBinary(const QString& fileName) {
                                   .arg(fileName)
                                   .arg(file.size())
                                   .arg(m_inputLimits.maxBinaryFrameSize));
+        // Read up to the limit only: a pipe or a device has no size to
+        // check beforehand.
         QByteArray data;
-        TranslatingFailures(GetObjectName(), [&] { data = file.readAll(); });
+        TranslatingFailures(GetObjectName(), [&] {
+            data = file.read(m_inputLimits.maxBinaryFrameSize + kFrameOverhead + 1);
+        });
+        if (data.size() > m_inputLimits.maxBinaryFrameSize + kFrameOverhead)
+            throw KMException(QStringLiteral("Cannot read '%1': more than %2 bytes "
+                                             "(maxBinaryFrameSize)")
+                                  .arg(fileName)
+                                  .arg(m_inputLimits.maxBinaryFrameSize));
         SetBinaryRepresentation(data);
     } catch (const KelmoraException& failure) {
         LogFailure(QStringLiteral("LoadBinary '%1'").arg(fileName), failure);

@@ -99,6 +99,8 @@ template <typename Unit> bool MarkupScanner::ScanUnits(const Unit* data, qint64 
             break;
         }
         if (end > i) {
+            if (m_state == State::AttributeName)
+                MatchDeclaration(data + i, end - i);
             // Where the limit is passed, if it is: the first unit beyond it.
             const qint64 beyond = limit - m_length < end - i ? i + (limit - m_length) + 1 : 0;
             CountLines(data, i, beyond > 0 ? beyond : end);
@@ -123,6 +125,12 @@ template <typename Unit> bool MarkupScanner::ScanUnits(const Unit* data, qint64 
             return false;
     }
     return true;
+}
+
+template <typename Unit> void MarkupScanner::MatchDeclaration(const Unit* units, qint64 count) {
+    static const char kXmlns[] = "xmlns";
+    for (qint64 k = 0; k < count && m_declaration > 0 && m_declaration < 5; ++k)
+        m_declaration = units[k] == Unit(kXmlns[m_declaration]) ? m_declaration + 1 : -1;
 }
 
 template <typename Unit> void MarkupScanner::CountLines(const Unit* data, qint64 from, qint64 end) {
@@ -178,6 +186,8 @@ bool MarkupScanner::Step(char16_t c) {
             Enter(State::StartName);
             m_attributes = 0;
             m_selfClosing = false;
+            m_tagSpace = 0;
+            m_declarations = 0;
             return Grow(m_length, m_limits.maxNameLength, "a name");
         }
         break;
@@ -205,6 +215,7 @@ bool MarkupScanner::Step(char16_t c) {
             m_selfClosing = true;
         } else if (c == '>') {
             Enter(State::Text);
+            return StartTagEnded();
         } else {
             return Grow(m_length, m_limits.maxNameLength, "a name");
         }
@@ -213,6 +224,10 @@ bool MarkupScanner::Step(char16_t c) {
         if (c == '>') {
             if (m_depth > 0)
                 --m_depth;
+            if (!m_declared.empty()) {
+                m_inScope -= m_declared.back();
+                m_declared.pop_back();
+            }
             Enter(State::Text);
         } else {
             return Grow(m_length, m_limits.maxNameLength, "a name");
@@ -223,6 +238,7 @@ bool MarkupScanner::Step(char16_t c) {
             if (m_selfClosing && m_depth > 0)
                 --m_depth;
             Enter(State::Text);
+            return StartTagEnded();
         } else if (c == '/') {
             m_selfClosing = true;
         } else if (c == '"' || c == '\'') {
@@ -234,18 +250,28 @@ bool MarkupScanner::Step(char16_t c) {
                                            "(maxAttributes)")
                                 .arg(m_limits.maxAttributes));
             Enter(State::AttributeName);
+            m_declaration = c == 'x' ? 1 : -1;
             return Grow(m_length, m_limits.maxNameLength, "a name");
+        } else {
+            return Grow(m_tagSpace, m_limits.maxTextLength, "the spaces of a start tag");
         }
         break;
     case State::AttributeName:
         if (c == '"' || c == '\'') {
             Enter(State::AttributeValue);
             m_quote = c;
+            if (m_declaration == 5 &&
+                m_inScope + ++m_declarations > m_limits.maxNamespaceDeclarations)
+                return Fail(QStringLiteral("more than %1 namespace declarations in scope "
+                                           "(maxNamespaceDeclarations)")
+                                .arg(m_limits.maxNamespaceDeclarations));
         } else if (c == '>' || c == '/') {
             Enter(State::Tag);
             return Step(c);
         } else if (!IsSpace(c) && c != '=') {
             return Grow(m_length, m_limits.maxNameLength, "a name");
+        } else {
+            return Grow(m_tagSpace, m_limits.maxTextLength, "the spaces of a start tag");
         }
         break;
     case State::AttributeValue:
@@ -296,6 +322,16 @@ bool MarkupScanner::Step(char16_t c) {
     return true;
 }
 
+// The declarations of an element that stays open remain in scope until
+// its end tag.
+bool MarkupScanner::StartTagEnded() {
+    if (!m_selfClosing) {
+        m_declared.push_back(m_declarations);
+        m_inScope += m_declarations;
+    }
+    return true;
+}
+
 LimitedDevice::LimitedDevice(QIODevice& source, const InputLimits& limits)
     : m_source(source), m_scanner(limits) {
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
@@ -309,9 +345,43 @@ qint64 LimitedDevice::readData(char* data, qint64 maxSize) {
     if (Failed())
         return -1;
     const qint64 size = m_source.read(data, maxSize);
-    if (size > 0 && !m_scanner.Scan(data, size))
+    if (size > 0 && !ScanPiece(data, size))
         return -1;
     return size;
 }
 
+// The encoding is told by the first two bytes: a byte order mark, or the
+// '<' of the declaration or root with a zero byte beside it, as the reader
+// itself tells UTF-16.
+bool LimitedDevice::ScanPiece(const char* data, qint64 size) {
+    if (m_encoding == Encoding::Unknown) {
+        m_pending.append(data, static_cast<int>(size));
+        if (m_pending.size() < 2)
+            return true;
+        const auto first = static_cast<unsigned char>(m_pending[0]);
+        const auto second = static_cast<unsigned char>(m_pending[1]);
+        if ((first == 0xFF && second == 0xFE) || (first == '<' && second == 0))
+            m_encoding = Encoding::Utf16LittleEndian;
+        else if ((first == 0xFE && second == 0xFF) || (first == 0 && second == '<'))
+            m_encoding = Encoding::Utf16BigEndian;
+        else
+            m_encoding = Encoding::Utf8;
+        const QByteArray start = m_pending;
+        m_pending.clear();
+        return ScanPiece(start.constData(), start.size());
+    }
+    if (m_encoding == Encoding::Utf8)
+        return m_scanner.Scan(data, size);
+    // UTF-16: whole units, an odd byte kept for the next piece.
+    QByteArray bytes = m_pending + QByteArray::fromRawData(data, static_cast<int>(size));
+    const int units = bytes.size() / 2;
+    m_pending = bytes.mid(2 * units);
+    const int low = m_encoding == Encoding::Utf16LittleEndian ? 0 : 1;
+    std::vector<char16_t> decoded(static_cast<size_t>(units));
+    for (int u = 0; u < units; ++u)
+        decoded[static_cast<size_t>(u)] =
+            static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * u + 1 - low]) << 8 |
+                                  static_cast<unsigned char>(bytes[2 * u + low]));
+    return m_scanner.Scan(decoded.data(), units);
+}
 } // namespace KELMORA

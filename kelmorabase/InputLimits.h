@@ -4,9 +4,12 @@
 
 #include <KelmoraBaseExport.h>
 
+#include <QByteArray>
 #include <QIODevice>
 #include <QString>
 #include <QtGlobal>
+
+#include <vector>
 
 namespace KELMORA {
 
@@ -14,7 +17,8 @@ namespace KELMORA {
 // bounded memory and time. The defaults are far above what a settings file
 // needs (a file of 100,000 list items has texts of a few hundred characters,
 // names of 30, three attributes per element and 8 levels) and keep the
-// worst input within a few hundred megabytes and seconds. Exceeding one ends
+// worst XML input within a few hundred megabytes and seconds per gigabyte;
+// a binary frame at maxBinaryFrameSize takes about three times that size. Exceeding one ends
 // the load with a KMException that names the limit and where it was passed.
 struct KELMORABASE_EXPORT InputLimits {
     // Characters of one text, attribute value, comment, processing
@@ -27,6 +31,9 @@ struct KELMORABASE_EXPORT InputLimits {
     qint64 maxAttributes = 256;
     // Elements open at once, the root included.
     qint64 maxDepth = 256;
+    // Namespace declarations (xmlns attributes) in scope at once: the XML
+    // reader looks up every prefixed name through all of them.
+    qint64 maxNamespaceDeclarations = 64;
     // Bytes of a binary representation: the frame itself, what a compressed
     // frame inflates to, and a binary file.
     qint64 maxBinaryFrameSize = qint64(256) << 20;
@@ -67,6 +74,8 @@ private:
     };
 
     template <typename Unit> bool ScanUnits(const Unit* data, qint64 size);
+    template <typename Unit> void MatchDeclaration(const Unit* units, qint64 count);
+    bool StartTagEnded();
     template <typename Unit> void CountLines(const Unit* data, qint64 from, qint64 end);
     bool Step(char16_t c);
     bool Grow(qint64& length, qint64 limit, const char* what);
@@ -81,6 +90,11 @@ private:
     int m_matched = 0;    // characters of a delimiter seen so far
     char16_t m_quote = 0; // of the current attribute value, or 0
     bool m_selfClosing = false;
+    qint64 m_tagSpace = 0; // spaces and '=' between the attributes of a start tag
+    int m_declaration = 0; // characters of "xmlns" the attribute name began with; -1: not
+    qint64 m_declarations = 0; // namespace declarations of the current start tag
+    qint64 m_inScope = 0;      // of the open elements
+    std::vector<qint64> m_declared; // per open element
     qint64 m_line = 1;
     qint64 m_offset = 0;    // units seen so far
     qint64 m_lineStart = 0; // the offset where the current line starts
@@ -103,8 +117,15 @@ protected:
     qint64 writeData(const char*, qint64) override { return -1; }
 
 private:
+    bool ScanPiece(const char* data, qint64 size);
+
     QIODevice& m_source;
     MarkupScanner m_scanner;
+    // A document in UTF-16 (told by its first two bytes) is scanned in
+    // units of two bytes; `m_pending` holds an odd byte until its pair comes.
+    enum class Encoding { Unknown, Utf8, Utf16LittleEndian, Utf16BigEndian };
+    Encoding m_encoding = Encoding::Unknown;
+    QByteArray m_pending;
 };
 
 } // namespace KELMORA

@@ -385,6 +385,7 @@ TEST(HostileInput, EachInputLimitEndsTheLoadWhereItIsPassed) {
     limits.maxNameLength = 64;
     limits.maxAttributes = 16;
     limits.maxDepth = 32;
+    limits.maxNamespaceDeclarations = 3;
     const QByteArray large(2 << 20, 'x');
     QByteArray attributes;
     for (int i = 0; i < 20; ++i)
@@ -405,6 +406,12 @@ TEST(HostileInput, EachInputLimitEndsTheLoadWhereItIsPassed) {
         {"<WDE" + attributes + "/>", "an element with more than 16 attributes (maxAttributes)"},
         {QByteArray("<WDE>").repeated(40),
          "elements nested deeper than 32 levels (maxDepth) (line 1, column 162)"},
+        {"<WDE" + QByteArray(2 << 20, ' ') + "/>", "the spaces of a start tag longer than 1048576"},
+        // Qt looks up every prefixed name through the declarations in scope.
+        {"<WDE xmlns:a=\"u\"><x xmlns:b=\"u\" xmlns=\"u\"/><y xmlns:c=\"u\" xmlns:d=\"u\"><z "
+         "xmlns:e=\"u\"/>",
+         "more than 3 namespace declarations in scope (maxNamespaceDeclarations) (line 1, "
+         "column 82)"},
     };
     QTemporaryDir dir;
     const QString path = dir.filePath("hostile.xml");
@@ -418,6 +425,13 @@ TEST(HostileInput, EachInputLimitEndsTheLoadWhereItIsPassed) {
         EXPECT_TRUE(LoadBounded(wde, QString::fromUtf8(hostile.document), 2).startsWith(expected));
         ExpectUsable(wde, GoodWDE());
     }
+    // A file in UTF-16 is measured in its characters, not its bytes.
+    const QString deep = QString("<WDE>").repeated(31) + QString("</WDE>").repeated(31);
+    WriteFile(path, "\xff\xfe" + QByteArray(reinterpret_cast<const char*>(deep.utf16()),
+                                               deep.size() * 2));
+    WDE wde;
+    wde.SetInputLimits(limits);
+    EXPECT_NO_THROW(wde.LoadXml(path));
 }
 
 // A binary representation is measured before it is read or inflated: a
@@ -468,6 +482,9 @@ TEST(HostileInput, BinaryFramesAreBoundedBeforeTheyAreReadOrInflated) {
     EXPECT_TRUE(ThrownMessage([&] {
                     wde.LoadBinary(path);
                 }).endsWith("2097152 bytes, more than 1048576 (maxBinaryFrameSize)"));
+    // A device has no size to check first.
+    EXPECT_EQ(BoundedOutcome(2, 1024, [&] { wde.LoadBinary("/dev/zero"); }),
+              "Cannot read '/dev/zero': more than 1048576 bytes (maxBinaryFrameSize)");
 }
 
 #if !defined(__SANITIZE_ADDRESS__)

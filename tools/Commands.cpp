@@ -12,11 +12,13 @@
 #include <XmlReaderError.h>
 
 #include <QFile>
+#include <QTemporaryFile>
 #include <QXmlStreamReader>
 
 #include <algorithm>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace tool {
@@ -107,15 +109,27 @@ void Report(QTextStream& stream, const QString& file, const QString& text) {
     stream.flush();
 }
 
-QString StandardInput() {
-    static const QString text = [] {
+// Standard input is copied to a temporary file as it comes, so that it is
+// read as files are: within the input limits, never whole into memory.
+QString StandardInputFile() {
+    static const std::unique_ptr<QTemporaryFile> copy = [] {
+        auto file = std::make_unique<QTemporaryFile>();
         QFile input;
-        if (!input.open(stdin, QIODevice::ReadOnly))
+        if (!input.open(stdin, QIODevice::ReadOnly) || !file->open())
             throw KMException(
                 QStringLiteral("Cannot read standard input: %1").arg(input.errorString()));
-        return QString::fromUtf8(input.readAll());
+        constexpr qint64 kPiece = 1 << 20;
+        for (QByteArray piece = input.read(kPiece); !piece.isEmpty(); piece = input.read(kPiece)) {
+            if (file->write(piece) != piece.size())
+                throw KMException(QStringLiteral("Cannot keep standard input: %1")
+                                      .arg(file->errorString()));
+        }
+        if (!file->flush())
+            throw KMException(
+                QStringLiteral("Cannot keep standard input: %1").arg(file->errorString()));
+        return file;
     }();
-    return text;
+    return copy->fileName();
 }
 
 namespace {
@@ -125,16 +139,6 @@ std::unique_ptr<KELMORA::IKMObject> CreateRecord(const QString& rootName) {
     if (!type)
         throw KMException(QStringLiteral("Unknown root element '%1'").arg(rootName));
     return type->create();
-}
-
-std::unique_ptr<KELMORA::IKMObject> LoadStandardInput() {
-    const QString xml = StandardInput();
-    QXmlStreamReader reader(xml);
-    if (!reader.readNextStartElement())
-        throw KELMORA::XmlReaderError(reader);
-    std::unique_ptr<KELMORA::IKMObject> record = CreateRecord(reader.name().toString());
-    LoadNamingFailures(*record, [&] { record->SetXmlString(xml); });
-    return record;
 }
 
 } // namespace
@@ -157,9 +161,7 @@ void SaveRecord(const KELMORA::IKMObject& record, const QString& target) {
 }
 
 std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName) {
-    if (fileName == StandardStream())
-        return LoadStandardInput();
-    QFile file(fileName);
+    QFile file(fileName == StandardStream() ? StandardInputFile() : fileName);
     if (!file.open(QIODevice::ReadOnly))
         throw KMException(QStringLiteral("Cannot open for reading: %1").arg(file.errorString()));
     const QString rootName = RootElementName(file);
@@ -172,9 +174,7 @@ std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName) {
 }
 
 QString DocumentText(const QString& fileName) {
-    if (fileName == StandardStream())
-        return StandardInput();
-    QFile file(fileName);
+    QFile file(fileName == StandardStream() ? StandardInputFile() : fileName);
     if (!file.open(QIODevice::ReadOnly))
         throw KMException(QStringLiteral("Cannot open for reading: %1").arg(file.errorString()));
     return QString::fromUtf8(file.readAll());
@@ -219,8 +219,7 @@ int RunLint(const QStringList& files, QTextStream& out) {
     int status = ExitSuccess;
     for (const QString& file : files) {
         const QVector<KELMORA::LintFinding> findings =
-            file == StandardStream() ? KELMORA::SettingsLint::LintXmlString(StandardInput())
-                                     : KELMORA::SettingsLint::LintXmlFile(file);
+            KELMORA::SettingsLint::LintXmlFile(file == StandardStream() ? StandardInputFile() : file);
         for (const KELMORA::LintFinding& finding : findings) {
             // One line each, whatever a record's message quotes.
             QString message = finding.message;

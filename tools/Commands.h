@@ -11,6 +11,7 @@
 
 #include <exception>
 #include <memory>
+#include <new>
 #include <optional>
 
 namespace tool {
@@ -34,6 +35,8 @@ template <class Call> std::optional<QString> Failure(Call&& call) {
         call();
     } catch (const KELMORA::KelmoraException& failure) {
         return failure.GetMessage();
+    } catch (const std::bad_alloc&) {
+        return QStringLiteral("out of memory");
     } catch (const std::exception& failure) {
         return QString::fromLocal8Bit(failure.what());
     } catch (...) {
@@ -54,8 +57,8 @@ inline QString StandardStream() {
 // root element names. Throws KMException with the reason when the file
 // cannot be read.
 std::unique_ptr<KELMORA::IKMObject> LoadRecord(const QString& fileName);
-// All of standard input as text, read once and kept for later calls.
-QString StandardInput();
+// A temporary file that holds all of standard input, made on the first call.
+QString StandardInputFile();
 // The text of the file ("-": standard input) as it stands. Throws
 // KMException when it cannot be read.
 QString DocumentText(const QString& fileName);

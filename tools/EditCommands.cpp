@@ -370,16 +370,11 @@ int Save(const SetRequest& request, const SettingsDocument& document, QTextStrea
 }
 
 QJsonValue ReadJson(const QString& file) {
-    QByteArray data;
-    if (file == StandardStream()) {
-        data = StandardInput().toUtf8();
-    } else {
-        QFile input(file);
-        if (!input.open(QIODevice::ReadOnly))
-            throw KMException(
-                QStringLiteral("Cannot open '%1' for reading: %2").arg(file, input.errorString()));
-        data = input.readAll();
-    }
+    QFile input(file == StandardStream() ? StandardInputFile() : file);
+    if (!input.open(QIODevice::ReadOnly))
+        throw KMException(
+            QStringLiteral("Cannot open '%1' for reading: %2").arg(file, input.errorString()));
+    const QByteArray data = input.readAll();
     QJsonParseError error{};
     const QJsonDocument json = QJsonDocument::fromJson(data, &error);
     if (error.error != QJsonParseError::NoError)
