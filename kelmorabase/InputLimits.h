@@ -90,10 +90,10 @@ private:
     int m_matched = 0;    // characters of a delimiter seen so far
     char16_t m_quote = 0; // of the current attribute value, or 0
     bool m_selfClosing = false;
-    qint64 m_tagSpace = 0; // spaces and '=' between the attributes of a start tag
-    int m_declaration = 0; // characters of "xmlns" the attribute name began with; -1: not
-    qint64 m_declarations = 0; // namespace declarations of the current start tag
-    qint64 m_inScope = 0;      // of the open elements
+    qint64 m_tagSpace = 0;          // spaces and '=' between the attributes of a start tag
+    int m_declaration = 0;          // characters of "xmlns" the attribute name began with; -1: not
+    qint64 m_declarations = 0;      // namespace declarations of the current start tag
+    qint64 m_inScope = 0;           // of the open elements
     std::vector<qint64> m_declared; // per open element
     qint64 m_line = 1;
     qint64 m_offset = 0;    // units seen so far

@@ -427,8 +427,8 @@ TEST(HostileInput, EachInputLimitEndsTheLoadWhereItIsPassed) {
     }
     // A file in UTF-16 is measured in its characters, not its bytes.
     const QString deep = QString("<WDE>").repeated(31) + QString("</WDE>").repeated(31);
-    WriteFile(path, "\xff\xfe" + QByteArray(reinterpret_cast<const char*>(deep.utf16()),
-                                               deep.size() * 2));
+    WriteFile(path, "\xff\xfe" +
+                        QByteArray(reinterpret_cast<const char*>(deep.utf16()), deep.size() * 2));
     WDE wde;
     wde.SetInputLimits(limits);
     EXPECT_NO_THROW(wde.LoadXml(path));

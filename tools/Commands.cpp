@@ -121,8 +121,8 @@ QString StandardInputFile() {
         constexpr qint64 kPiece = 1 << 20;
         for (QByteArray piece = input.read(kPiece); !piece.isEmpty(); piece = input.read(kPiece)) {
             if (file->write(piece) != piece.size())
-                throw KMException(QStringLiteral("Cannot keep standard input: %1")
-                                      .arg(file->errorString()));
+                throw KMException(
+                    QStringLiteral("Cannot keep standard input: %1").arg(file->errorString()));
         }
         if (!file->flush())
             throw KMException(
@@ -218,8 +218,8 @@ int RunShow(const QString& file, QTextStream& out, QTextStream& err) {
 int RunLint(const QStringList& files, QTextStream& out) {
     int status = ExitSuccess;
     for (const QString& file : files) {
-        const QVector<KELMORA::LintFinding> findings =
-            KELMORA::SettingsLint::LintXmlFile(file == StandardStream() ? StandardInputFile() : file);
+        const QVector<KELMORA::LintFinding> findings = KELMORA::SettingsLint::LintXmlFile(
+            file == StandardStream() ? StandardInputFile() : file);
         for (const KELMORA::LintFinding& finding : findings) {
             // One line each, whatever a record's message quotes.
             QString message = finding.message;

@@ -547,8 +547,9 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
         return status;
     const ShowTree shown(*record);
     std::unique_ptr<SettingsDocument> written;
-    if (const auto failure =
-            Failure([&] { written = std::make_unique<SettingsDocument>(*record, SourceOf(request.file)); })) {
+    if (const auto failure = Failure([&] {
+            written = std::make_unique<SettingsDocument>(*record, SourceOf(request.file));
+        })) {
         Report(err, request.file, *failure);
         return ExitFailed;
     }
@@ -590,10 +591,10 @@ int RunDiff(const QString& first, const QString& second, QTextStream& out, QText
     const ShowTree secondShown(*records[1]);
     std::unique_ptr<SettingsDocument> documents[2];
     for (int side = 0; side < 2; ++side) {
-        if (const auto failure = Failure(
-                [&] { documents[side] = std::make_unique<SettingsDocument>(
-                        *records[side], SourceOf(side == 0 ? first : second));
-                })) {
+        if (const auto failure = Failure([&] {
+                documents[side] = std::make_unique<SettingsDocument>(
+                    *records[side], SourceOf(side == 0 ? first : second));
+            })) {
             Report(err, side == 0 ? first : second, *failure);
             return ExitUnreadable;
         }
