@@ -120,6 +120,11 @@ QString RecordKinds::ItemName(const QString& recordName, const QString& listName
     return learned.value(recordName).value(listName);
 }
 
+QString RecordKinds::ValueItemName(const QString& recordName, const QString& listName) {
+    const ValueNotes::Note* note = ValueNotes::Find(recordName, listName);
+    return note && note->kind == ValueNotes::Kind::ValueList ? *note->item : QString();
+}
+
 std::optional<QVector<double>>
 RecordKinds::NumberList(const QString& recordName, const QString& element, const QString& text) {
     const ValueNotes::Note* note = ValueNotes::Find(recordName, element);

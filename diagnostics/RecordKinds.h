@@ -36,6 +36,9 @@ public:
     // empty list, so a document does not tell; the record itself does: a
     // fresh one reads a fresh record of each kind and writes itself.
     static QString ItemName(const QString& recordName, const QString& listName);
+    // The element name of the values of the list of plain values `listName`
+    // ("WDE_Simulation", "FrequencyList": "Frequency"), or an empty text.
+    static QString ValueItemName(const QString& recordName, const QString& listName);
     // The numbers of a value that its record holds as one Base64 text of
     // doubles (WDE_Rasterdetector's "Frequency"), decoded as the record
     // reads them; nothing for other values.

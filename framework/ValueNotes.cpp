@@ -30,6 +30,10 @@ Registration::Registration(const QString& record, const QString& element, Kind k
     Entries().push_back({&record, &element, {kind, table}});
 }
 
+Registration::Registration(const QString& record, const QString& list, const QString& item) {
+    Entries().push_back({&record, &list, {Kind::ValueList, nullptr, &item}});
+}
+
 const Note* Find(const QString& record, const QString& element) {
     // By element name first: built on the first lookup, once every
     // registration is in and every name constructed.

@@ -10,17 +10,20 @@ namespace KELMORA {
 class EnumTable;
 
 // What a value's text alone does not tell: that it is an enumeration (and of
-// which table), a flag held as text, or a list of doubles in Base64. Records
+// which table), a flag held as text, or a list of doubles in Base64; and
+// which element names the values of a list of plain values, which a record
+// does not write while the list is empty. Records
 // note it beside the very table or name they read the value with, so the
 // note cannot drift from the reading; the diagnostics look it up to explain
 // what happened to a value.
 namespace ValueNotes {
 
-enum class Kind { Enumeration, TextFlag, DoubleList };
+enum class Kind { Enumeration, TextFlag, DoubleList, ValueList };
 
 struct Note {
     Kind kind;
-    const EnumTable* table; // Enumeration only
+    const EnumTable* table;        // Enumeration only
+    const QString* item = nullptr; // ValueList only: the element of each value
 };
 
 // Registers a note while the library loads. The names are kept by address
@@ -30,6 +33,8 @@ class Registration {
 public:
     Registration(const QString& record, const QString& element, Kind kind,
                  const EnumTable* table = nullptr);
+    // The list element `list` holds values, each an element `item`.
+    Registration(const QString& record, const QString& list, const QString& item);
 };
 
 // The note of element `element` of the record named `record`, or null.

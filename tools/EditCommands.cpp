@@ -112,12 +112,18 @@ QString GetOne(const KELMORA::IKMObject& record, const QString& file, const Show
     ThrowNoSuchName(segments, depth, record.GetObjectName(), NamesAt(written, level));
 }
 
+// The element of the items of a record's list, of records or of plain
+// values; an empty text when `listName` is no list.
+QString ListItemName(const SettingsNode& record, const QString& listName) {
+    const QString records = KELMORA::RecordKinds::ItemName(record.name, listName);
+    return records.isEmpty() ? KELMORA::RecordKinds::ValueItemName(record.name, listName) : records;
+}
+
 // The item element that a list gets added: a fresh record of the items'
 // kind as it writes itself, else an empty element like the first item.
 std::unique_ptr<SettingsNode> NewItem(const SettingsNode& list, const SettingsDocument& document) {
     const SettingsNode* model = list.children.empty() ? nullptr : list.children.front().get();
-    const QString itemName =
-        model ? model->name : KELMORA::RecordKinds::ItemName(list.parent->name, list.name);
+    const QString itemName = model ? model->name : ListItemName(*list.parent, list.name);
     std::unique_ptr<SettingsNode> item;
     if (!model || !model->IsValue()) {
         if (const auto fresh = KELMORA::RecordKinds::Create(itemName)) {
@@ -129,7 +135,7 @@ std::unique_ptr<SettingsNode> NewItem(const SettingsNode& list, const SettingsDo
     if (!item) {
         item = std::make_unique<SettingsNode>();
         item->name = itemName;
-        for (const auto& attribute : model->attributes) {
+        for (const auto& attribute : model ? model->attributes : item->attributes) {
             if (attribute.first != QLatin1String("Name"))
                 item->attributes.append(attribute);
         }
@@ -280,7 +286,7 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
         }
         const ShowNode* known = show ? show->Child(segment) : nullptr;
         // A list of records that is empty is not written.
-        const bool list = !KELMORA::RecordKinds::ItemName(node->name, segment).isEmpty();
+        const bool list = !ListItemName(*node, segment).isEmpty();
         if (!known || node->wrapper || (!last && !list && known->children.empty()))
             ThrowNoSuchName(segments, depth, rootName, NamesAt(node, show));
         auto created = std::make_unique<SettingsNode>();
@@ -292,12 +298,13 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
             KeepWhereRead(document, {node});
             return;
         }
+        if (last && !adding && list && value == kRemove)
+            return; // an empty list stays unwritten
     }
 
     if (adding) {
         if (!node->wrapper ||
-            (node->children.empty() &&
-             KELMORA::RecordKinds::ItemName(node->parent->name, node->name).isEmpty()))
+            (node->children.empty() && ListItemName(*node->parent, node->name).isEmpty()))
             throw PathError(QStringLiteral("'%1' is not a list that holds items; '+' adds items "
                                            "only to such a list")
                                 .arg(SettingsPath::Print(segments)));
@@ -316,6 +323,18 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
         throw PathError(QStringLiteral("'%1' names no setting").arg(assignment));
     if (value == kRemove) {
         Remove(*node);
+        return;
+    }
+    const QString valueItem = KELMORA::RecordKinds::ValueItemName(node->parent->name, node->name);
+    if (node->wrapper && !valueItem.isEmpty()) {
+        // A list of plain values, given whole as get prints it.
+        node->children.clear();
+        for (const QString& part : value.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+            auto item = std::make_unique<SettingsNode>();
+            item->name = valueItem;
+            item->text = part.trimmed();
+            node->Append(std::move(item));
+        }
         return;
     }
     if (!node->IsValue())

@@ -14,12 +14,13 @@ _exciter_settings_paths() {
 
 _exciter_settings() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD-1]}
-    local commands="check show lint format get set diff"
+    local commands="check show lint format get set diff schema"
     if ((COMP_CWORD == 1)); then
         COMPREPLY=($(compgen -W "$commands --help --version" -- "$cur"))
         return
     fi
     local command=${COMP_WORDS[1]}
+    [[ $command == schema ]] && return # takes no file
     case $prev in
     -o | --output | --json)
         [[ $command == show ]] || { COMPREPLY=($(compgen -f -- "$cur")); return; }

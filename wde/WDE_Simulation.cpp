@@ -28,6 +28,8 @@ const EnumTable kSimulationTypes{{WDE_Simulation::SIMULATIONTYPE_PN, "PN"},
                                  {WDE_Simulation::SIMULATIONTYPE_FLIS, "FLIS"}};
 const ValueNotes::Registration kTypeNote{kObjectName, kType, ValueNotes::Kind::Enumeration,
                                          &kSimulationTypes};
+const ValueNotes::Registration kFrequencyListNote{kObjectName, kFrequencyList,
+                                                  ElementNames::Frequency};
 
 const QString kPleaseSetExciterSet = QStringLiteral(": Please set ExciterSet");
 const QString kPleaseSetType = QStringLiteral(": Please set Type");

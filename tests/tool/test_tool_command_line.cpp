@@ -287,6 +287,19 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
          "WDE/ExciterList/1/Level: -19 -> -3\n"
          "WDE/SimulationList/0/FrequencyList/3: (none) -> 50000\n"},
         {{"ExciterMode=Continuous", "WDE=-"}, 0, {}, nullptr},
+        // A list of plain values: whole, or emptied and its first value added.
+        {{"WDE/SimulationList/0/FrequencyList=1, 2"},
+         0,
+         {},
+         "WDE/SimulationList/0/FrequencyList/0: -25000 -> 1\n"
+         "WDE/SimulationList/0/FrequencyList/1: 0 -> 2\n"
+         "WDE/SimulationList/0/FrequencyList/2: 25000 -> (none)\n"},
+        {{"WDE/SimulationList/0/FrequencyList=-", "WDE/SimulationList/0/FrequencyList/+=5"},
+         0,
+         {},
+         "WDE/SimulationList/0/FrequencyList/0: -25000 -> 5\n"
+         "WDE/SimulationList/0/FrequencyList/1: 0 -> (none)\n"
+         "WDE/SimulationList/0/FrequencyList/2: 25000 -> (none)\n"},
         // The record's own reader refuses a text outside its choice list;
         // the tool adds the choices.
         {{"TGN/Reference=Intern", "ExciterMode=Sweep"},
