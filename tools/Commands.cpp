@@ -9,6 +9,7 @@
 #include <ReadObserver.h>
 #include <RecordKinds.h>
 #include <SettingsLint.h>
+#include <SettingsPath.h>
 #include <XmlReaderError.h>
 
 #include <QFile>
@@ -41,6 +42,25 @@ QString RootElementName(QFile& file) {
     throw KELMORA::XmlReaderError(reader);
 }
 
+} // namespace
+
+QString ChoicesNote(const QString& record, const QString& element, const QString& text,
+                    const QString& message) {
+    const RecordType* type = RecordRegistry::Instance().Find(record);
+    if (!type || !type->choices)
+        return QString();
+    const QStringList choices = type->choices(*type->create(), element);
+    if (choices.isEmpty())
+        return QString();
+    const QString quoted = QStringLiteral("'%1'").arg(text);
+    return text.isNull() || message.contains(quoted)
+               ? QStringLiteral(" (%1 choices: %2)").arg(element, choices.join(QStringLiteral(", ")))
+               : QStringLiteral(" (%1 %2; choices: %3)")
+                     .arg(element, quoted, choices.join(QStringLiteral(", ")));
+}
+
+namespace {
+
 // Follows a load to name the value a record refused: the innermost child
 // element open when the record threw, and the text it took of it.
 class RefusedValue : public KELMORA::ReadObserver {
@@ -60,24 +80,12 @@ public:
             m_open.back().text = text;
     }
 
-    // " (NAME choices: A, B)" when the open value has a choice list, with
-    // the text refused unless the message quotes it; else nothing.
+    // The choices of the value open when the record threw (see ChoicesNote).
     QString ChoicesNote(const QString& message) const {
         if (m_open.empty())
             return QString();
         const Value& value = m_open.back();
-        const RecordType* type = RecordRegistry::Instance().Find(value.record);
-        if (!type || !type->choices)
-            return QString();
-        const QStringList choices = type->choices(*type->create(), value.element);
-        if (choices.isEmpty())
-            return QString();
-        const QString quoted = QStringLiteral("'%1'").arg(value.text);
-        return message.contains(quoted)
-                   ? QStringLiteral(" (%1 choices: %2)")
-                         .arg(value.element, choices.join(QStringLiteral(", ")))
-                   : QStringLiteral(" (%1 %2; choices: %3)")
-                         .arg(value.element, quoted, choices.join(QStringLiteral(", ")));
+        return tool::ChoicesNote(value.record, value.element, value.text, message);
     }
 
 private:
@@ -215,6 +223,25 @@ int RunShow(const QString& file, QTextStream& out, QTextStream& err) {
     return ExitSuccess;
 }
 
+namespace {
+
+// The choices of the value at an error's path: the record that holds it is
+// named by the path's segment before it, or is the root.
+QString ChoicesOfRefused(const QString& file, const KELMORA::LintFinding& finding) {
+    const QStringList segments = KELMORA::SettingsPath::Parse(finding.path);
+    QString record;
+    if (segments.size() > 1)
+        record = segments.at(segments.size() - 2);
+    else if (Failure([&] {
+                 record = KELMORA::RecordKinds::RootNameOfXmlFile(
+                     file == StandardStream() ? StandardInputFile() : file);
+             }))
+        return QString();
+    return ChoicesNote(record, segments.last(), QString(), finding.message);
+}
+
+} // namespace
+
 int RunLint(const QStringList& files, QTextStream& out) {
     int status = ExitSuccess;
     for (const QString& file : files) {
@@ -224,6 +251,8 @@ int RunLint(const QStringList& files, QTextStream& out) {
             // One line each, whatever a record's message quotes.
             QString message = finding.message;
             message.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+            if (finding.severity == KELMORA::LintFinding::Error && !finding.path.isEmpty())
+                message += ChoicesOfRefused(file, finding);
             out << file << ':' << finding.line << ':' << finding.column << ": "
                 << finding.SeverityText() << ": " << message << '\n';
             status = std::max(status, finding.severity == KELMORA::LintFinding::Error

@@ -66,6 +66,12 @@ QString DocumentText(const QString& fileName);
 // "-". Throws KMException when it cannot.
 void SaveRecord(const KELMORA::IKMObject& record, const QString& target);
 
+// " (ELEMENT choices: A, B)" when the element of a record of that root name
+// takes its texts from a choice list, with " 'TEXT';" after the element when
+// a text is given and `message` does not quote it; an empty text otherwise.
+QString ChoicesNote(const QString& record, const QString& element, const QString& text,
+                    const QString& message);
+
 // Loads and validates each file: "FILE: OK" or "FILE: <reason>" on out for
 // the files that were read, "FILE: <reason>" on err for those that were not.
 // Returns the worst status.

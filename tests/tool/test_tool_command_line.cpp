@@ -79,12 +79,16 @@ TEST_F(ToolCommandLine, LintPrintsOneLinePerFindingAndExitsWithTheWorstStatus) {
                           "only for 'true'\n";
     EXPECT_EQ(Output({"lint", kExample}), QString());
     EXPECT_EQ(Output({"lint", kExample, "damaged.xml"}, 1), found);
-    // A file that cannot be read outranks findings, before or after it.
+    // A file that cannot be read outranks findings, before or after it; a
+    // text its record refuses comes with the choices.
     Write("broken.xml", "<ATTANTPath><ATT1>true</ATT2></ATTANTPath>");
-    EXPECT_EQ(Output({"lint", "broken.xml", "damaged.xml"}, 2),
+    Write("refused.xml", "<TGN Version=\"1.0\">\n<Reference>x</Reference></TGN>");
+    EXPECT_EQ(Output({"lint", "broken.xml", "damaged.xml", "refused.xml"}, 2),
               "broken.xml:1:29: error: XML error: Opening and ending tag mismatch. (line 1, "
               "column 29)\n" +
-                  found);
+                  found +
+                  "refused.xml:2:1: error: TGN: Unknown Reference 'x' (Reference choices: intern, "
+                  "extern)\n");
 }
 
 // A disk that fails at any step of a save: the tool says so, the previous
