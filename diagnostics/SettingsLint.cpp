@@ -23,7 +23,9 @@ using Kind = ReadTrace::Kind;
 using Given = ReadTrace::Element;
 
 QString JoinPath(const QString& parent, const QString& child) {
-    return parent.isEmpty() ? child : parent + QLatin1Char('/') + child;
+    if (parent.isEmpty() || child.isEmpty())
+        return parent + child;
+    return parent + QLatin1Char('/') + child;
 }
 
 // The path of a given element as the document has it: names from the root,
