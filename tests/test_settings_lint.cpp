@@ -136,7 +136,6 @@ const Damage kDamages[] = {
     {"settings", "Index=\"1\"", "Index=\"one\"", "WDE/ExciterList/1/Index",
      "'one' reads as 0: it is not a number"},
     {"scu", "<SCU Version=\"1.0\">", "<SCU>", "Version", "no 'Version' attribute"},
-    {"settings", "<WDE Version=\"0.1\">", "<WDE>", "WDE/Version", "no 'Version' attribute"},
     {"tgn", "<Power>-12.50</Power>", "<Power>-10</Power>\n<Power>-12.50</Power>", "Power",
      "Power '-10' is lost: a later Power on line"},
     {"settings", "<Level>-20<", "<Level>-21</Level>\n<Level>-20<", "WDE/ExciterList/0/Level",
