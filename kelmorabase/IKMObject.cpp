@@ -242,7 +242,7 @@ QByteArray ReadBoundedBytes(QDataStream& in, qint64 limit, const QString& object
     // From a frame in memory, a view of its bytes rather than a second copy.
     if (auto* buffer = qobject_cast<QBuffer*>(in.device());
         buffer && length <= buffer->size() - buffer->pos()) {
-        const QByteArray view =
+        QByteArray view =
             QByteArray::fromRawData(buffer->data().constData() + buffer->pos(), int(length));
         in.skipRawData(static_cast<int>(length));
         return view;
