@@ -259,14 +259,32 @@ private:
         }
         const size_t paired = std::min(given.size(), written.size());
         for (size_t i = 0; i < paired; ++i) {
-            if (isRecord)
+            if (isRecord) {
+                ReportMoved(given[i], written[i]);
                 CompareRecord({given[i]}, written[i]);
+            }
             else
                 CompareValue(given[i], written[i], recordName, QString());
         }
         for (size_t i = paired; i < given.size(); ++i)
             Add(At(given[i]), JoinPath(path, At(given[i]).name),
                 QStringLiteral("'%1' is left out on save").arg(At(given[i]).name));
+    }
+
+    // An item read from one list wrapper that its record keeps in another
+    // (the records go by the item's element, not by the wrapper).
+    void ReportMoved(int given, int written) {
+        const Given& item = At(given);
+        const int writtenParent = Written().At(written).parent;
+        if (item.parent < 0 || At(item.parent).kind != Kind::Wrapper || writtenParent < 0 ||
+            !Written().IsWrapper(writtenParent))
+            return;
+        const QString& from = At(item.parent).name;
+        const QString& to = Written().At(writtenParent).name;
+        if (from != to)
+            Add(item, WrittenPath(written),
+                QStringLiteral("'%1' in '%2' is saved in '%3': the item's element decides its list")
+                    .arg(item.name, from, to));
     }
 
     // `written` is -1 when the record wrote nothing for the value; `path` is

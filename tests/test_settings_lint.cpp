@@ -110,6 +110,8 @@ const Damage kDamages[] = {
     {"path", "<ATT2>", "<ATT2><x>1</x>", "ATT2/x", "element 'x' inside the value 'ATT2'"},
     {"settings", "</SimulationList>", "<Junk/></SimulationList>", "WDE/SimulationList/Junk",
      "unknown element 'Junk' is passed over"},
+    {"wde", "<ExciterList>", R"(<ExciterList><WDE_Simulation Version="0.1" Index="7"/>)",
+     "SimulationList/0", "'WDE_Simulation' in 'ExciterList' is saved in 'SimulationList'"},
     {"exciter", "<Level>-20<", "<Level>-1234.567<", "Level",
      "'-1234.567' is saved as '-1234.57': Level keeps no more digits than that"},
     {"exciter", "<Level>-20<", "<Level>\n-20x<", "Level", "'\\n-20x' reads as 0"},
