@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsDocument.h"
 
+#include "Commands.h"
 #include "TreePrinter.h"
 
 #include <KMException.h>
@@ -8,6 +9,7 @@
 #include <RecordKinds.h>
 #include <SettingsPath.h>
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QXmlStreamReader>
@@ -129,6 +131,32 @@ QJsonValue AttributeToJson(const std::pair<QString, QString>& attribute) {
     return attribute.second;
 }
 
+// Whether records of the kind read `name` as an attribute of their own
+// element: a fresh one given the attribute writes it back. Asked of the
+// records once per kind and name, for values that are not written while
+// unset (an item's Name).
+bool ReadsAsAttribute(const QString& recordName, const QString& name) {
+    static QHash<QString, bool> known;
+    const QString key = recordName + QLatin1Char('/') + name;
+    const auto found = known.constFind(key);
+    if (found != known.constEnd())
+        return *found;
+    bool attribute = false;
+    if (const auto record = KELMORA::RecordKinds::Create(recordName)) {
+        const QString probe = QStringLiteral(" %1=\"probe\"").arg(name);
+        QString xml = record->GetXmlString();
+        const int tag = xml.indexOf(QLatin1Char('<') + recordName);
+        if (tag >= 0) {
+            xml.insert(tag + 1 + recordName.size(), probe);
+            record->SetValidate(false);
+            attribute = !Failure([&] { record->SetXmlString(xml); }) &&
+                        record->GetXmlString().contains(probe);
+        }
+    }
+    known.insert(key, attribute);
+    return attribute;
+}
+
 bool ShownUnset(const ShowNode* show) {
     return show && show->value == TreePrinter::UnsetText();
 }
@@ -184,6 +212,8 @@ QJsonValue NodeToJson(const QString& parent, const SettingsNode& node, QStringLi
                 continue;
             if (!KELMORA::RecordKinds::ItemName(node.name, shownChild.name).isEmpty())
                 object.insert(shownChild.name, QJsonArray()); // an empty list
+            else if (ShownUnset(&shownChild) && ReadsAsAttribute(node.name, shownChild.name))
+                object.insert(kAttributeMark + shownChild.name, QJsonValue());
             else if (ShownUnset(&shownChild) || shownChild.value.isNull())
                 object.insert(shownChild.name, QJsonValue()); // also a record left out
         }
@@ -244,10 +274,14 @@ std::unique_ptr<SettingsNode> NodeFromJson(const QString& parent, const QString&
         const QJsonObject object = json.toObject();
         for (auto at = object.begin(); at != object.end(); ++at) {
             if (at.key().startsWith(kAttributeMark)) {
+                // A null attribute text: the attribute is removed.
                 const QJsonValue value = at.value();
-                node->SetAttribute(at.key().mid(1), value.isDouble()
-                                                        ? TreePrinter::NumberText(value.toDouble())
-                                                        : value.toString());
+                QString text;
+                if (value.isDouble())
+                    text = TreePrinter::NumberText(value.toDouble());
+                else if (!value.isNull())
+                    text = value.toString().isNull() ? QStringLiteral("") : value.toString();
+                node->attributes.append({at.key().mid(1), text});
             }
         }
         QStringList others;
@@ -274,8 +308,12 @@ std::unique_ptr<SettingsNode> NodeFromJson(const QString& parent, const QString&
 }
 
 void ApplyTo(SettingsNode& target, const SettingsNode& change, std::vector<SettingsNode*>& added) {
-    for (const auto& attribute : change.attributes)
-        target.SetAttribute(attribute.first, attribute.second);
+    for (const auto& attribute : change.attributes) {
+        if (attribute.second.isNull())
+            target.RemoveAttribute(attribute.first);
+        else
+            target.SetAttribute(attribute.first, attribute.second);
+    }
     if (change.hasText) {
         target.children.clear();
         target.text = change.text;
@@ -306,6 +344,10 @@ void ApplyTo(SettingsNode& target, const SettingsNode& change, std::vector<Setti
 
 // Drops what a JSON null stands for from a tree about to be written.
 void DropNulls(SettingsNode& node) {
+    node.attributes.erase(
+        std::remove_if(node.attributes.begin(), node.attributes.end(),
+                       [](const auto& attribute) { return attribute.second.isNull(); }),
+        node.attributes.end());
     auto& children = node.children;
     children.erase(std::remove_if(children.begin(), children.end(),
                                   [](const auto& child) { return child->null; }),
