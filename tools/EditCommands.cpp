@@ -93,6 +93,35 @@ std::function<QString()> SourceOf(const QString& file) {
     return [file] { return DocumentText(file); };
 }
 
+// A value held as one text of numbers (a raster detector's frequencies) and
+// the position of one of its numbers, as diff names it ("Frequency/1").
+struct NumberInList {
+    SettingsNode* value = nullptr;
+    QVector<double> numbers;
+    int position = -1;
+};
+NumberInList FindNumberInList(const SettingsDocument& document, const QStringList& segments) {
+    NumberInList found;
+    if (segments.size() < 2)
+        return found;
+    SettingsNode* node = document.Find(segments.mid(0, segments.size() - 1));
+    if (!node || !node->IsValue() || !node->parent)
+        return found;
+    const auto numbers =
+        KELMORA::RecordKinds::NumberList(node->parent->name, node->name, node->text);
+    const int position = SettingsPath::ItemPosition(segments.last());
+    if (!numbers || position < 0 || position >= numbers->size())
+        return found;
+    return {node, *numbers, position};
+}
+
+std::optional<double> NumberAt(const SettingsDocument& document, const QStringList& segments) {
+    const NumberInList found = FindNumberInList(document, segments);
+    if (!found.value)
+        return std::nullopt;
+    return found.numbers.at(found.position);
+}
+
 QString GetOne(const KELMORA::IKMObject& record, const QString& file, const ShowTree& shown,
                const QString& path) {
     const QStringList segments = SettingsPath::Parse(path);
@@ -103,6 +132,8 @@ QString GetOne(const KELMORA::IKMObject& record, const QString& file, const Show
     // tree names item by item.
     if (const SettingsNode* node = document.Find(segments); node && node->IsValue())
         return ValueText(*node, segments, shown) + QLatin1Char('\n');
+    if (const auto number = NumberAt(document, segments))
+        return TreePrinter::NumberText(*number) + QLatin1Char('\n');
     const ShowNode* level = &shown.Root();
     int depth = 0;
     while (depth < segments.size() && level->Child(segments.at(depth)))
@@ -254,6 +285,21 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
         throw PathError(QStringLiteral("'%1' gives no value: PATH=VALUE").arg(assignment));
     if (adding)
         segments.removeLast();
+
+    // One number of a value held as a list of numbers: changed or removed.
+    if (NumberInList found = FindNumberInList(document, segments); found.value && !adding) {
+        bool ok = false;
+        const double number = value.toDouble(&ok);
+        if (value == kRemove)
+            found.numbers.remove(found.position);
+        else if (ok)
+            found.numbers[found.position] = number;
+        else
+            throw PathError(QStringLiteral("'%1' is not a number").arg(value));
+        found.value->text = *KELMORA::RecordKinds::NumberListText(found.value->parent->name,
+                                                                  found.value->name, found.numbers);
+        return;
+    }
 
     // Walk the written tree; records that are not written yet but that show
     // prints are created on the way.

@@ -240,9 +240,10 @@ TEST_F(ToolCommandLine, GetPrintsValuesAsShowDoesAndNamesTheNamesThereOnAWrongPa
     } cases[] = {
         // Not written (unset); an attribute; a number of a one-line list; an item.
         {{"TGN/Power", "ExciterMode", "SCU/ATTANTPath/ATT4", "TGN/Tone", "WDE/ExciterList/0/Name",
-          "TGN/Frequency/Minimum", "WDE/SimulationList/0/FrequencyList/2", "WDE/ExciterList/1"},
+          "TGN/Frequency/Minimum", "WDE/SimulationList/0/FrequencyList/2",
+          "WDE/RasterdetectorList/0/Frequency/1", "WDE/ExciterList/1"},
          0,
-         "-12.5\nLook Through\ntrue\nunset\nunset\n20000000\n25000\n[1] WDE_Exciter\n"
+         "-12.5\nLook Through\ntrue\nunset\nunset\n20000000\n25000\n433925000\n[1] WDE_Exciter\n"
          "  Version: 0.1\n  Index: 1\n  Name: unset\n  SignalType: CW\n  SymbolRate: 9600\n"
          "  FrequencyShift: unset\n  Level: -19\n",
          ""},
@@ -274,7 +275,8 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
         const char* differences;
     } cases[] = {
         {{"TGN/Power=-10", "TGN/Tone=1000", "WDE/Mode=EX", "WDE/ExciterList/0/Name=First",
-          "WDE/RasterdetectorList/0/Frequency=433050000, 4.3393e8"},
+          "WDE/RasterdetectorList/0/Frequency/1=4.3393e8",
+          "WDE/RasterdetectorList/0/Frequency/2=-"},
          0,
          {},
          "TGN/Power: -12.5 -> -10\nTGN/Tone: unset -> 1000\nWDE/Mode: DETX -> EX\n"
@@ -291,6 +293,11 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
          "WDE/ExciterList/1/Level: -19 -> -3\n"
          "WDE/SimulationList/0/FrequencyList/3: (none) -> 50000\n"},
         {{"ExciterMode=Continuous", "WDE=-"}, 0, {}, nullptr},
+        {{"WDE/RasterdetectorList/0/Frequency=433050000, 4.3393e8"},
+         0,
+         {},
+         "WDE/RasterdetectorList/0/Frequency/1: 433925000 -> 433930000\n"
+         "WDE/RasterdetectorList/0/Frequency/2: 434790000 -> (none)\n"},
         // A list of plain values: whole, or emptied and its first value added.
         {{"WDE/SimulationList/0/FrequencyList=1, 2"},
          0,
