@@ -386,6 +386,16 @@ private:
     bool m_documentWritten = true;
 };
 
+// An XML error or a limit tells where the reader stopped.
+void TakePositionOfMessage(LintFinding& finding) {
+    static const QRegularExpression position(QStringLiteral("\\(line (\\d+), column (\\d+)\\)$"));
+    const QRegularExpressionMatch match = position.match(finding.message);
+    if (match.hasMatch()) {
+        finding.line = match.captured(1).toLongLong();
+        finding.column = match.captured(2).toLongLong();
+    }
+}
+
 LintFinding ErrorFinding(const KMException& failure, const ReadTrace& trace,
                          const IKMObject& record) {
     LintFinding finding;
@@ -399,13 +409,7 @@ LintFinding ErrorFinding(const KMException& failure, const ReadTrace& trace,
         finding.column = innermost.column;
         finding.path = GivenPath(trace.Elements(), open.back());
     }
-    // An XML error tells where the reader stopped.
-    static const QRegularExpression position(QStringLiteral("\\(line (\\d+), column (\\d+)\\)$"));
-    const QRegularExpressionMatch match = position.match(finding.message);
-    if (match.hasMatch()) {
-        finding.line = match.captured(1).toLongLong();
-        finding.column = match.captured(2).toLongLong();
-    }
+    TakePositionOfMessage(finding);
     return finding;
 }
 
@@ -413,6 +417,7 @@ LintFinding OnlyError(const QString& message) {
     LintFinding finding;
     finding.severity = LintFinding::Error;
     finding.message = message;
+    TakePositionOfMessage(finding);
     return finding;
 }
 
@@ -469,9 +474,19 @@ bool IsFileText(const QString& fileName, const QString& text) {
     return file.atEnd();
 }
 
-QVector<LintFinding> UnknownRoot(const QString& rootName) {
-    return {OnlyError(QStringLiteral("Unknown root element '%1' (known: %2)")
-                          .arg(rootName, RecordKinds::RootNames().join(QStringLiteral(", "))))};
+// The finding on a root element that names no record, where its start tag
+// begins in `text` (the document, or its beginning).
+QVector<LintFinding> UnknownRoot(const QString& rootName, const QString& text) {
+    LintFinding finding =
+        OnlyError(QStringLiteral("Unknown root element '%1' (known: %2)")
+                      .arg(rootName, RecordKinds::RootNames().join(QStringLiteral(", "))));
+    QXmlStreamReader reader(text);
+    if (reader.readNextStartElement()) {
+        const auto tag = text.lastIndexOf(QLatin1Char('<'), reader.characterOffset() - 1);
+        finding.line = text.left(tag).count(QLatin1Char('\n')) + 1;
+        finding.column = tag - text.lastIndexOf(QLatin1Char('\n'), tag);
+    }
+    return {finding};
 }
 
 } // namespace
@@ -486,7 +501,7 @@ QVector<LintFinding> SettingsLint::LintXmlString(const QString& xml) {
     const std::unique_ptr<IKMObject> record =
         RecordKinds::Create(rootName.isEmpty() ? Exciter_Settings().GetObjectName() : rootName);
     if (!record)
-        return UnknownRoot(rootName);
+        return UnknownRoot(rootName, xml);
     return LintXmlString(xml, *record);
 }
 
@@ -499,8 +514,12 @@ QVector<LintFinding> SettingsLint::LintXmlFile(const QString& fileName) {
     }
     const std::unique_ptr<IKMObject> record =
         RecordKinds::Create(rootName.isEmpty() ? Exciter_Settings().GetObjectName() : rootName);
-    if (!record)
-        return UnknownRoot(rootName);
+    if (!record) {
+        // The root's start tag is within the first kilobytes of any real file.
+        QFile file(fileName);
+        file.open(QIODevice::ReadOnly); // opened just before, to find the root's name
+        return UnknownRoot(rootName, QString::fromUtf8(file.read(1 << 20)));
+    }
     return LintXmlFile(fileName, *record);
 }
 

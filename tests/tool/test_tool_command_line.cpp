@@ -83,6 +83,9 @@ TEST_F(ToolCommandLine, LintPrintsOneLinePerFindingAndExitsWithTheWorstStatus) {
     // text its record refuses comes with the choices.
     Write("broken.xml", "<ATTANTPath><ATT1>true</ATT2></ATTANTPath>");
     Write("refused.xml", "<TGN Version=\"1.0\">\n<Reference>x</Reference></TGN>");
+    Write("root.xml", "<?xml version=\"1.0\"?>\n <Settings/>");
+    EXPECT_TRUE(Output({"lint", "root.xml"}, 2)
+                    .startsWith("root.xml:2:2: error: Unknown root element 'Settings' (known: "));
     EXPECT_EQ(Output({"lint", "broken.xml", "damaged.xml", "refused.xml"}, 2),
               "broken.xml:1:29: error: XML error: Opening and ending tag mismatch. (line 1, "
               "column 29)\n" +
