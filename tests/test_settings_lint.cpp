@@ -199,7 +199,7 @@ TEST(SettingsLint, AFileThatCannotBeReadIsOneErrorWithTheRecordsMessage) {
         {QString(settings).replace("<ATT6>", "<ATT7/><ATT6>"), lineOf(settings, "<ATT6>"),
          "Unknown Tag 'ATT7' in 'ATTANTPath'"},
         {cut, lineOf(cut, "<SymbolRate>"), "XML error: Premature end of document"},
-        {"<Unknown/>", 0, "Unknown root element 'Unknown'"},
+        {"\n<Unknown/>", 2, "Unknown root element 'Unknown'"},
     };
     for (const auto& failing : cases) {
         const QVector<LintFinding> findings = SettingsLint::LintXmlString(failing.document);
