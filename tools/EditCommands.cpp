@@ -335,10 +335,19 @@ void Assign(SettingsDocument& document, const ShowTree& shown, const QString& as
         const bool list = !ListItemName(*node, segment).isEmpty();
         if (!known || node->wrapper || (!last && !list && known->children.empty()))
             ThrowNoSuchName(segments, depth, rootName, NamesAt(node, show));
-        auto created = std::make_unique<SettingsNode>();
-        created->name = segment;
-        created->text = list ? QString() : GivenText(*node, segment, value);
-        created->wrapper = list;
+        // A record as a fresh one of its kind writes itself (its version).
+        std::unique_ptr<SettingsNode> created;
+        if (const auto record = !last && !list ? KELMORA::RecordKinds::Create(segment) : nullptr) {
+            const QString xml = record->GetXmlString();
+            if (!KELMORA::RecordKinds::RootNameOfXmlString(xml).isEmpty())
+                created = SettingsDocument(xml, document.RecordNames()).Root().Copy();
+        }
+        if (!created) {
+            created = std::make_unique<SettingsNode>();
+            created->name = segment;
+            created->text = list ? QString() : GivenText(*node, segment, value);
+            created->wrapper = list;
+        }
         node = &node->Append(std::move(created));
         if (last && !adding && !list) {
             KeepWhereRead(document, {node});
@@ -610,7 +619,7 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
     std::unique_ptr<KELMORA::IKMObject> record;
     if (const int status = Load(request.file, record, err))
         return status;
-    const ShowTree shown(*record);
+    auto shown = std::make_unique<ShowTree>(*record);
     std::unique_ptr<SettingsDocument> written;
     if (const auto failure = Failure([&] {
             written = std::make_unique<SettingsDocument>(*record, SourceOf(request.file));
@@ -637,10 +646,18 @@ int RunSet(const SetRequest& request, QTextStream& /*out*/, QTextStream& err) {
     }
     for (const QString& assignment : request.assignments) {
         try {
-            Assign(document, shown, assignment);
+            Assign(document, *shown, assignment);
         } catch (const KMException& failure) {
             Report(err, request.file, failure.GetMessage());
             return ExitUsage;
+        }
+        // The settings as changed so far name what the next change may
+        // reach: a mode that uses WDE brings in WDE.
+        const auto changed = KELMORA::RecordKinds::Create(document.Root().name);
+        if (changed && &assignment != &request.assignments.last()) {
+            changed->SetValidate(false);
+            if (!Failure([&] { changed->SetXmlString(document.Xml()); }))
+                shown = std::make_unique<ShowTree>(*changed);
         }
     }
     return Save(request, document, err);

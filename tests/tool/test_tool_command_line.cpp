@@ -358,6 +358,12 @@ TEST_F(ToolCommandLine, SetChangesThroughTheRecordAndRefusesWhatItWouldLose) {
             EXPECT_EQ(Output({"diff", kLookThrough, "out.xml"}, 1), set.differences);
         }
     }
+    // A mode that uses WDE brings it in for the changes after it.
+    Output({"set", kExamples + "continuous.xml", "-o", "out.xml", "ExciterMode=Look Through",
+            "WDE/Mode=DET", "WDE/Frequency=1e8", "WDE/Bandwidth=2e5",
+            "WDE/EmissiondetectorMode=LOOP", "WDE/EmissiondetectorDelay=0.002",
+            "WDE/EmissiondetectorAveraging=SHORT", "WDE/ExciterCount=1"});
+    EXPECT_EQ(Output({"check", "out.xml"}), "out.xml: OK\n");
     // An empty list is not written; '+' adds its first item, in a WDE file
     // and in the WDE of a file that holds one; show --json gives it as [].
     const QStringList lists{"SinglechanneldetectorList", "RasterdetectorList", "ExciterList",
