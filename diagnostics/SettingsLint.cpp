@@ -262,8 +262,7 @@ private:
             if (isRecord) {
                 ReportMoved(given[i], written[i]);
                 CompareRecord({given[i]}, written[i]);
-            }
-            else
+            } else
                 CompareValue(given[i], written[i], recordName, QString());
         }
         for (size_t i = paired; i < given.size(); ++i)
@@ -482,7 +481,8 @@ QVector<LintFinding> UnknownRoot(const QString& rootName, const QString& text) {
                       .arg(rootName, RecordKinds::RootNames().join(QStringLiteral(", "))));
     QXmlStreamReader reader(text);
     if (reader.readNextStartElement()) {
-        const auto tag = text.lastIndexOf(QLatin1Char('<'), reader.characterOffset() - 1);
+        const auto tag =
+            text.lastIndexOf(QLatin1Char('<'), static_cast<int>(reader.characterOffset() - 1));
         finding.line = text.left(tag).count(QLatin1Char('\n')) + 1;
         finding.column = tag - text.lastIndexOf(QLatin1Char('\n'), tag);
     }
