@@ -54,7 +54,8 @@ QString ChoicesNote(const QString& record, const QString& element, const QString
         return QString();
     const QString quoted = QStringLiteral("'%1'").arg(text);
     return text.isNull() || message.contains(quoted)
-               ? QStringLiteral(" (%1 choices: %2)").arg(element, choices.join(QStringLiteral(", ")))
+               ? QStringLiteral(" (%1 choices: %2)")
+                     .arg(element, choices.join(QStringLiteral(", ")))
                : QStringLiteral(" (%1 %2; choices: %3)")
                      .arg(element, quoted, choices.join(QStringLiteral(", ")));
 }
