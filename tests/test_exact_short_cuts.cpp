@@ -294,11 +294,16 @@ TEST(DocumentText, SaveXmlReportsARecordWithoutSettingsFirst) {
     testfixtures::CompletePath().SaveXml(file);
     const QByteArray saved = testsupport::FileContents(file);
 
-    // Nothing to save counts before a file that cannot be written. The file
-    // stays, and no temporary file is left behind.
+    // Nothing to save counts before a file that cannot be written, and a
+    // validating save checks first. The file stays, and no temporary file is
+    // left behind.
     for (const QString& target : {file, dir.filePath("no/such/folder/path.xml")})
         EXPECT_EQ(testsupport::ThrownMessage([&] { ATTANTPath().SaveXml(target); }),
                   QString("Cannot save '%1': ATTANTPath holds no complete settings").arg(target));
+    WDE invalid;
+    invalid.SetValidate(true);
+    EXPECT_EQ(testsupport::ThrownMessage([&] { invalid.SaveXml(file); }),
+              "Frequency: Please set Value!");
     EXPECT_EQ(testsupport::FileContents(file), saved);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"path.xml"});
 }
