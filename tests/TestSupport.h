@@ -8,11 +8,14 @@
 #include <QFile>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 
 // GoogleTest prints QStrings readably.
@@ -66,6 +69,17 @@ template <class Record> Record ReadFrom(const QString& xml) {
 inline QByteArray FileContents(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+// The values' little-endian IEEE 754 bytes, as a Base64 list carries them.
+inline QByteArray LittleEndianBytes(const QVector<double>& values) {
+    QByteArray bytes(values.size() * 8, Qt::Uninitialized);
+    for (int i = 0; i < values.size(); ++i) {
+        quint64 bits = 0;
+        std::memcpy(&bits, &values[i], sizeof bits);
+        qToLittleEndian<quint64>(bits, bytes.data() + 8 * static_cast<ptrdiff_t>(i));
+    }
+    return bytes;
 }
 
 // Writes the bytes to the file, replacing what it held.

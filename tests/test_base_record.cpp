@@ -14,7 +14,6 @@
 
 using namespace KELMORA;
 using testfixtures::CompletePath;
-using testfixtures::Loaded;
 using testsupport::CheckMessage;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
@@ -111,9 +110,10 @@ TEST(BaseValues, ValueMinMaxAndScanParameter) {
 }
 
 TEST(ExampleFiles, InvalidExampleLoadsButFailsCheckWithTheMissingSetting) {
-    const QString path = EXAMPLES_DIR "/invalid_missing_transmit_time.xml";
-    Exciter_Settings settings = Loaded(path);
-    EXPECT_EQ(testsupport::CheckMessage(settings), "SCU: Please set TransmitTime!");
+    Exciter_Settings settings = testfixtures::Example("invalid_missing_transmit_time");
+    EXPECT_EQ(CheckMessage(settings), "SCU: Please set TransmitTime!");
     settings.SetValidate(true);
-    EXPECT_EQ(ThrownMessage([&] { settings.LoadXml(path); }), "SCU: Please set TransmitTime!");
+    EXPECT_EQ(
+        ThrownMessage([&] { settings.LoadXml(EXAMPLES_DIR "/invalid_missing_transmit_time.xml"); }),
+        "SCU: Please set TransmitTime!");
 }
