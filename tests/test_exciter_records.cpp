@@ -70,11 +70,6 @@ TEST(SCURecord, WritesVersionFrequencyTwoDecimalTransmitTimeAndPath) {
                            WrittenXml(testfixtures::CompletePath()) + "</SCU>");
     scu.SetTransmitTime(3.14159);
     EXPECT_TRUE(WrittenXml(scu).contains(">3.14<"));
-
-    EXPECT_EQ(WrittenXml(testsupport::ReadFrom<SCU>(written)), written);
-    const auto unversioned =
-        testsupport::ReadFrom<SCU>(QString(written).remove(" Version=\"1.0\""));
-    EXPECT_TRUE(WrittenXml(unversioned).startsWith("<SCU Version=\"\">"));
 }
 
 TEST(SCURecord, CompletenessCheckOrderAndAnyData) {
@@ -249,7 +244,6 @@ QString Element(const QString& children) {
 TEST(ExciterSettingsRecord, ModeNamesConversionsAndTheirFailures) {
     Exciter_Settings settings;
     EXPECT_TRUE(settings.GetAutostart());
-    EXPECT_TRUE(WrittenXml(settings).isEmpty());
     EXPECT_EQ(CheckMessage(settings), "Exciter_Settings: Please set ExciterMode");
     EXPECT_EQ(settings.GetExciterModes(),
               (QStringList{"Continuous", "Deception", "Trap", "Follower", "Fast Sequential",
