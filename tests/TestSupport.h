@@ -89,18 +89,6 @@ inline void WriteFile(const QString& path, const QByteArray& bytes) {
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
-// The names of the direct children of a written element, in order.
-inline QStringList ChildNames(const QString& xml) {
-    QStringList names;
-    QXmlStreamReader reader(xml);
-    reader.readNextStartElement();
-    while (reader.readNextStartElement()) {
-        names.append(reader.name().toString());
-        reader.skipCurrentElement();
-    }
-    return names;
-}
-
 // "A B C" as a list, for expected element orders.
 inline QStringList Words(const char* text) {
     return QString::fromLatin1(text).split(QLatin1Char(' '));

@@ -8,9 +8,7 @@
 using namespace KELMORA;
 using namespace testfixtures;
 using testsupport::CheckMessage;
-using testsupport::ChildNames;
 using testsupport::ThrownMessage;
-using testsupport::Words;
 using testsupport::WrittenXml;
 
 TEST(ATTANTPathRecord, WritesSixSwitchesInOrderOnlyWhenComplete) {
@@ -285,9 +283,7 @@ TEST(ExciterSettingsRecord, EveryModeReadsBackAndWDETakesPartOnlyInWDEModes) {
         EXPECT_EQ(back.GetExciterMode(), value);
         EXPECT_EQ(WrittenXml(back), xml);
         EXPECT_NO_THROW(back.Check()) << value;
-        EXPECT_EQ(ChildNames(xml), Words(Exciter_Settings::IsValidWDE(back.GetExciterMode())
-                                             ? "ExciterMode Autostart TGN SCU WDE"
-                                             : "ExciterMode Autostart TGN SCU"));
+        EXPECT_EQ(xml.contains("<WDE "), Exciter_Settings::IsValidWDE(back.GetExciterMode()));
     }
 
     Exciter_Settings settings = Settings("Trap");
