@@ -62,14 +62,11 @@ inline WDE CompleteWDE() {
     return wde;
 }
 
-// A record loaded from a file, by default an example file ("look_through").
-template <class Record = Exciter_Settings> Record Loaded(const QString& path) {
-    Record record;
-    record.LoadXml(path);
-    return record;
-}
+// An example file ("look_through"), loaded.
 inline Exciter_Settings Example(const char* name) {
-    return Loaded(QString(EXAMPLES_DIR "/%1.xml").arg(QLatin1String(name)));
+    Exciter_Settings settings;
+    settings.LoadXml(QString(EXAMPLES_DIR "/%1.xml").arg(QLatin1String(name)));
+    return settings;
 }
 
 } // namespace testfixtures

@@ -8,11 +8,14 @@
 #include <QFile>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 
 // GoogleTest prints QStrings readably.
@@ -68,23 +71,22 @@ inline QByteArray FileContents(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
+// The values' little-endian IEEE 754 bytes, as a Base64 list carries them.
+inline QByteArray LittleEndianBytes(const QVector<double>& values) {
+    QByteArray bytes(values.size() * 8, Qt::Uninitialized);
+    for (int i = 0; i < values.size(); ++i) {
+        quint64 bits = 0;
+        std::memcpy(&bits, &values[i], sizeof bits);
+        qToLittleEndian<quint64>(bits, bytes.data() + 8 * static_cast<ptrdiff_t>(i));
+    }
+    return bytes;
+}
+
 // Writes the bytes to the file, replacing what it held.
 inline void WriteFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
-// The names of the direct children of a written element, in order.
-inline QStringList ChildNames(const QString& xml) {
-    QStringList names;
-    QXmlStreamReader reader(xml);
-    reader.readNextStartElement();
-    while (reader.readNextStartElement()) {
-        names.append(reader.name().toString());
-        reader.skipCurrentElement();
-    }
-    return names;
 }
 
 // "A B C" as a list, for expected element orders.

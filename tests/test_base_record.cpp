@@ -2,8 +2,7 @@
 // The base record's host operations (text, files, binary forms, merging,
 // validation flag, logger) and the base value records, through real records:
 // ATTANTPath writes only when complete and rejects unknown children; WDE
-// always writes and skips them; and the bundled example files, loaded,
-// checked, saved and reloaded the way a host uses the library. Cut-off
+// always writes and skips them; and the invalid example file. Cut-off
 // documents are covered by the hostile input tests.
 #include "RecordFixtures.h"
 #include "TestSupport.h"
@@ -13,27 +12,11 @@
 #include <ScanParameter.h>
 #include <ValueMinMax.h>
 
-#include <QTemporaryDir>
-
 using namespace KELMORA;
 using testfixtures::CompletePath;
-using testfixtures::Example;
-using testfixtures::Loaded;
 using testsupport::CheckMessage;
-using testsupport::FileContents;
 using testsupport::ThrownMessage;
 using testsupport::WrittenXml;
-
-namespace {
-
-// Saves the record, loads the file into a fresh record and returns it.
-Exciter_Settings SavedAndReloaded(const Exciter_Settings& settings) {
-    const QTemporaryDir dir;
-    settings.SaveXml(dir.filePath("saved.xml"));
-    return Loaded(dir.filePath("saved.xml"));
-}
-
-} // namespace
 
 TEST(HostOperations, OnlyTheNamedRootIsReadAndTheFailureLineIsKept) {
     ATTANTPath path;
@@ -44,24 +27,6 @@ TEST(HostOperations, OnlyTheNamedRootIsReadAndTheFailureLineIsKept) {
     EXPECT_EQ(path.GetFailureLine(), 3);
     path.SetXmlString(WrittenXml(CompletePath()));
     EXPECT_EQ(path.GetFailureLine(), 0);
-}
-
-TEST(HostOperations, SaveAndLoadFiles) {
-    QTemporaryDir dir;
-    const QString file = dir.filePath("path.xml");
-    // ATTANTPath keeps its texts verbatim, so they show the escaping.
-    const auto path = testsupport::ReadFrom<ATTANTPath>(
-        WrittenXml(CompletePath()).replace(">true<", ">ä &amp; &lt;b&gt;<"));
-    path.SaveXml(file);
-    const QByteArray saved = FileContents(file);
-    EXPECT_TRUE(saved.contains("\n    <ATT1>\xc3\xa4 &amp; &lt;b&gt;</ATT1>")); // indented UTF-8
-    EXPECT_EQ(WrittenXml(Loaded<ATTANTPath>(file)), WrittenXml(path));
-
-    // A record that fails validation leaves the file.
-    WDE invalid;
-    invalid.SetValidate(true);
-    EXPECT_EQ(ThrownMessage([&] { invalid.SaveXml(file); }), "Frequency: Please set Value!");
-    EXPECT_EQ(FileContents(file), saved);
 }
 
 TEST(HostOperations, LoggerAndValidationFlag) {
@@ -144,39 +109,11 @@ TEST(BaseValues, ValueMinMaxAndScanParameter) {
     EXPECT_NO_THROW(scan.Check()); // the dwell time is optional
 }
 
-// A save writes exactly what GetXmlString gives, so one round trip that
-// changes nothing proves that any number of them change nothing.
-TEST(ExampleFiles, EveryValidExampleChecksAndSurvivesARoundTrip) {
-    for (const char* name : {"continuous", "sweep", "look_through"}) {
-        SCOPED_TRACE(name);
-        const Exciter_Settings loaded = Example(name);
-        EXPECT_NO_THROW(loaded.Check());
-        EXPECT_EQ(SavedAndReloaded(loaded).GetXmlString(), loaded.GetXmlString());
-    }
-    // Changes made through the setters survive too.
-    Exciter_Settings settings = Example("look_through");
-    settings.SetAutostart(false);
-    settings.GetTGN().SetTGNModulation("AM ext");
-    settings.GetSCU().GetATTANTPath().SetATT6(true);
-    settings.GetWDE().GetExciterList()[1].SetLevel(-3.25);
-    settings.GetWDE().GetRasterdetectorList()[0].AppendFrequency(435e6);
-    const Exciter_Settings back = SavedAndReloaded(settings);
-    EXPECT_FALSE(back.GetAutostart());
-    EXPECT_EQ(back.GetTGN().GetTGNModulation(), "AM ext");
-    EXPECT_TRUE(back.GetSCU().GetATTANTPath().GetATT6());
-    EXPECT_EQ(back.GetWDE().GetExciterList()[1].GetLevel(), -3.25);
-    EXPECT_EQ(back.GetWDE().GetRasterdetectorList()[0].GetFrequencyList().last(), 435e6);
-
-    // Switching to a mode without WDE drops it from the file, not from the record.
-    settings.SetExciterMode("Wideband");
-    EXPECT_FALSE(SavedAndReloaded(settings).GetWDE().AnyData());
-    EXPECT_TRUE(settings.GetWDE().AnyData());
-}
-
 TEST(ExampleFiles, InvalidExampleLoadsButFailsCheckWithTheMissingSetting) {
-    const QString path = EXAMPLES_DIR "/invalid_missing_transmit_time.xml";
-    Exciter_Settings settings = Loaded(path);
-    EXPECT_EQ(testsupport::CheckMessage(settings), "SCU: Please set TransmitTime!");
+    Exciter_Settings settings = testfixtures::Example("invalid_missing_transmit_time");
+    EXPECT_EQ(CheckMessage(settings), "SCU: Please set TransmitTime!");
     settings.SetValidate(true);
-    EXPECT_EQ(ThrownMessage([&] { settings.LoadXml(path); }), "SCU: Please set TransmitTime!");
+    EXPECT_EQ(
+        ThrownMessage([&] { settings.LoadXml(EXAMPLES_DIR "/invalid_missing_transmit_time.xml"); }),
+        "SCU: Please set TransmitTime!");
 }

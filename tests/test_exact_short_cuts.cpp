@@ -12,7 +12,6 @@
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QtEndian>
 
 #include <cmath>
 #include <cstring>
@@ -20,6 +19,7 @@
 #include <random>
 
 using namespace KELMORA;
+using testsupport::LittleEndianBytes;
 
 namespace {
 
@@ -28,17 +28,6 @@ bool SameBits(double a, double b) {
     std::memcpy(&aBits, &a, sizeof a);
     std::memcpy(&bBits, &b, sizeof b);
     return aBits == bBits;
-}
-
-// The values' little-endian IEEE 754 bytes, as a Base64 list carries them.
-QByteArray LittleEndianBytes(const QVector<double>& values) {
-    QByteArray bytes(values.size() * 8, Qt::Uninitialized);
-    for (int i = 0; i < values.size(); ++i) {
-        quint64 bits = 0;
-        std::memcpy(&bits, &values[i], sizeof bits);
-        qToLittleEndian<quint64>(bits, bytes.data() + 8 * static_cast<ptrdiff_t>(i));
-    }
-    return bytes;
 }
 
 // Values where a six-digit formatter goes wrong first: ties (which Qt rounds
@@ -294,11 +283,16 @@ TEST(DocumentText, SaveXmlReportsARecordWithoutSettingsFirst) {
     testfixtures::CompletePath().SaveXml(file);
     const QByteArray saved = testsupport::FileContents(file);
 
-    // Nothing to save counts before a file that cannot be written. The file
-    // stays, and no temporary file is left behind.
+    // Nothing to save counts before a file that cannot be written, and a
+    // validating save checks first. The file stays, and no temporary file is
+    // left behind.
     for (const QString& target : {file, dir.filePath("no/such/folder/path.xml")})
         EXPECT_EQ(testsupport::ThrownMessage([&] { ATTANTPath().SaveXml(target); }),
                   QString("Cannot save '%1': ATTANTPath holds no complete settings").arg(target));
+    WDE invalid;
+    invalid.SetValidate(true);
+    EXPECT_EQ(testsupport::ThrownMessage([&] { invalid.SaveXml(file); }),
+              "Frequency: Please set Value!");
     EXPECT_EQ(testsupport::FileContents(file), saved);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"path.xml"});
 }

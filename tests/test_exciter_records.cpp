@@ -8,9 +8,7 @@
 using namespace KELMORA;
 using namespace testfixtures;
 using testsupport::CheckMessage;
-using testsupport::ChildNames;
 using testsupport::ThrownMessage;
-using testsupport::Words;
 using testsupport::WrittenXml;
 
 TEST(ATTANTPathRecord, WritesSixSwitchesInOrderOnlyWhenComplete) {
@@ -18,10 +16,7 @@ TEST(ATTANTPathRecord, WritesSixSwitchesInOrderOnlyWhenComplete) {
     EXPECT_EQ(WrittenXml(path),
               "<ATTANTPath><ATT1>true</ATT1><ATT2>false</ATT2><ATT3>false</ATT3>"
               "<ATT4>true</ATT4><ATT5>false</ATT5><ATT6>false</ATT6></ATTANTPath>");
-    EXPECT_EQ(CheckMessage(ATTANTPath()), "ATTANTPath: Please set ATT1!");
 
-    path.Reset();
-    EXPECT_FALSE(path.AnyData() || path.GetATT1() || path.GetATT4());
     // Each switch, the last included, left alone unset: nothing is written
     // and Check() names it.
     void (ATTANTPath::*const sets[])(bool) = {&ATTANTPath::SetATT1, &ATTANTPath::SetATT2,
@@ -71,13 +66,6 @@ TEST(SCURecord, WritesVersionFrequencyTwoDecimalTransmitTimeAndPath) {
                            WrittenXml(ValueMinMax("Frequency", 100.5, 20, 3000)) +
                            "<TransmitTime>12.00</TransmitTime>" +
                            WrittenXml(testfixtures::CompletePath()) + "</SCU>");
-    scu.SetTransmitTime(3.14159);
-    EXPECT_TRUE(WrittenXml(scu).contains(">3.14<"));
-
-    EXPECT_EQ(WrittenXml(testsupport::ReadFrom<SCU>(written)), written);
-    const auto unversioned =
-        testsupport::ReadFrom<SCU>(QString(written).remove(" Version=\"1.0\""));
-    EXPECT_TRUE(WrittenXml(unversioned).startsWith("<SCU Version=\"\">"));
 }
 
 TEST(SCURecord, CompletenessCheckOrderAndAnyData) {
@@ -252,7 +240,6 @@ QString Element(const QString& children) {
 TEST(ExciterSettingsRecord, ModeNamesConversionsAndTheirFailures) {
     Exciter_Settings settings;
     EXPECT_TRUE(settings.GetAutostart());
-    EXPECT_TRUE(WrittenXml(settings).isEmpty());
     EXPECT_EQ(CheckMessage(settings), "Exciter_Settings: Please set ExciterMode");
     EXPECT_EQ(settings.GetExciterModes(),
               (QStringList{"Continuous", "Deception", "Trap", "Follower", "Fast Sequential",
@@ -294,9 +281,7 @@ TEST(ExciterSettingsRecord, EveryModeReadsBackAndWDETakesPartOnlyInWDEModes) {
         EXPECT_EQ(back.GetExciterMode(), value);
         EXPECT_EQ(WrittenXml(back), xml);
         EXPECT_NO_THROW(back.Check()) << value;
-        EXPECT_EQ(ChildNames(xml), Words(Exciter_Settings::IsValidWDE(back.GetExciterMode())
-                                             ? "ExciterMode Autostart TGN SCU WDE"
-                                             : "ExciterMode Autostart TGN SCU"));
+        EXPECT_EQ(xml.contains("<WDE "), Exciter_Settings::IsValidWDE(back.GetExciterMode()));
     }
 
     Exciter_Settings settings = Settings("Trap");
@@ -304,9 +289,13 @@ TEST(ExciterSettingsRecord, EveryModeReadsBackAndWDETakesPartOnlyInWDEModes) {
     EXPECT_FALSE(settings.HasData());
     EXPECT_TRUE(WrittenXml(settings).isEmpty());
     EXPECT_EQ(CheckMessage(settings), "WDE:Please set Mode!");
-    // Back in a mode without WDE, the incomplete WDE no longer matters.
+    // Back in a mode without WDE, the incomplete WDE no longer matters, and
+    // it is still there when a WDE mode comes back.
     settings.SetExciterMode("Barrage");
     EXPECT_NO_THROW(settings.Check());
+    settings.SetExciterMode("Broadcast");
+    EXPECT_EQ(CheckMessage(settings), "WDE:Please set Mode!");
+    settings.SetExciterMode("Barrage");
 
     // Nested failures pass through unchanged, in the order TGN, SCU.
     settings.GetSCU().SetTransmitTime(-111111.11);

@@ -7,7 +7,6 @@
 #include "TestSupport.h"
 
 #include <Exciter_Settings.h>
-#include <SCU.h>
 #include <TGN.h>
 #include <WDE.h>
 

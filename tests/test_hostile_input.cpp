@@ -318,13 +318,8 @@ TEST(HostileInput, TextsStoredThroughSettersAlwaysWriteReadableDocuments) {
 TEST(HostileInput, AHundredMegabyteBase64FrequencyTextLoadsInBoundedTimeAndMemory) {
     // Three frequencies are 24 bytes, 32 Base64 characters without padding;
     // repeated to 100 MB of text, they are 9.375 million frequencies.
-    const double frequencies[] = {433.05e6, -0.125, 2.4e9};
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setByteOrder(QDataStream::LittleEndian);
-    for (const double frequency : frequencies)
-        out << frequency;
-    const QByteArray unit = bytes.toBase64();
+    const QVector<double> frequencies{433.05e6, -0.125, 2.4e9};
+    const QByteArray unit = testsupport::LittleEndianBytes(frequencies).toBase64();
     ASSERT_EQ(unit.size(), 32);
     const int megabyte = 1000 * 1000;
     const QByteArray chunk = unit.repeated(megabyte / unit.size());

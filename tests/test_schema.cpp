@@ -232,10 +232,6 @@ QString Example(const char* name) {
     return QString::fromUtf8(testsupport::FileContents(QString(EXAMPLES_DIR "/") + name));
 }
 
-QString FormatReference() {
-    return QString::fromUtf8(testsupport::FileContents(QString(FORMAT_REFERENCE)));
-}
-
 } // namespace
 
 TEST(Schema, EveryDocumentTheRecordsWriteValidates) {
@@ -317,7 +313,8 @@ TEST(FormatReference, NamesTheSchemasElementsInOrderWithExamplesInTheLibrarysFor
     QMap<QString, QString> examples;
     QString section;
     bool inExample = false;
-    for (const QString& line : FormatReference().split('\n')) {
+    for (const QString& line :
+         QString::fromUtf8(testsupport::FileContents(FORMAT_REFERENCE)).split('\n')) {
         if (line.startsWith("## "))
             section = schema.paths.contains(line.mid(3)) ? line.mid(3) : QString();
         else if (!section.isEmpty() && line == "```xml")

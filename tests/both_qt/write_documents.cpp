@@ -13,7 +13,8 @@
 //             texts no conversion accepts, damaged Base64, escaped
 //             characters) and elements given twice.
 //
-// The drawing uses nothing of Qt, so both builds draw the same values.
+// The drawing uses nothing of Qt but QByteArray's Base64 encoding, which is
+// the same in both, so both builds draw the same values.
 //
 //   usage: exciter_settings_write_documents EXAMPLES_DIR OUT_DIR
 #include "../RecordVariants.h"
@@ -125,24 +126,12 @@ public:
 
     // Base64 of little-endian doubles, now and then damaged.
     std::string Base64List() {
-        static const char kAlphabet[] =
-            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-        std::string bytes;
+        QByteArray bytes;
         for (int count = Below(6); count > 0; --count) {
             const double value = Double();
-            char raw[sizeof value];
-            std::memcpy(raw, &value, sizeof value);
-            bytes.append(raw, sizeof raw);
+            bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
         }
-        std::string text;
-        for (size_t i = 0; i < bytes.size(); i += 3) {
-            quint32 group = 0;
-            const size_t take = std::min<size_t>(3, bytes.size() - i);
-            for (size_t k = 0; k < 3; ++k)
-                group = group << 8 | (k < take ? static_cast<unsigned char>(bytes[i + k]) : 0u);
-            for (size_t k = 0; k < 4; ++k)
-                text += k <= take ? kAlphabet[group >> (18 - 6 * k) & 63] : '=';
-        }
+        std::string text = bytes.toBase64().toStdString();
         static const char* const kDamage[] = {" ", "\n", "!", "=", "A", "-_", "==x", "&#x41;"};
         for (int count = OneIn(2) ? Below(3) : 0; count > 0; --count)
             text.insert(static_cast<size_t>(Below(static_cast<int>(text.size()) + 1)),

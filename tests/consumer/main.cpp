@@ -42,41 +42,32 @@ bool Fails(const char* what) {
     return false;
 }
 
+// An exception of the library, caught by its base class and its message
+// read in the host.
 bool IncompleteCheckThrows() {
-    KELMORA::ATTANTPath path;
-    path.SetATT1(true);
-    try {
-        path.Check();
-    } catch (const KELMORA::KelmoraException& failure) {
-        return failure.GetMessage() == QStringLiteral("ATTANTPath: Please set ATT2!") ||
-               Fails("unexpected ATTANTPath message");
-    }
-    return Fails("incomplete path passed Check()");
-}
-
-bool WholeTreeRoundTrips() {
     KELMORA::Exciter_Settings settings;
     settings.SetExciterMode(QStringLiteral("Trap"));
-    settings.GetWDE().GetExciterList().append(KELMORA::WDE_Exciter(0));
-    settings.GetWDE().GetRasterdetectorList().append(KELMORA::WDE_Rasterdetector(0));
-    settings.GetWDE().GetSimulationList().append(KELMORA::WDE_Simulation(0));
-    settings.GetWDE().GetSinglechanneldetectorList().append(KELMORA::WDE_Singlechanneldetector(0));
-    const QString wdeXml = settings.GetWDE().GetXmlString();
-    KELMORA::WDE copy;
-    copy.SetXmlString(wdeXml);
-    if (copy.GetExciterList().size() != 1 || copy.GetSimulationList().size() != 1)
-        return Fails("WDE lists lost on a round trip");
     try {
         settings.Check();
-    } catch (const KELMORA::KMException& failure) {
+    } catch (const KELMORA::KelmoraException& failure) {
         return failure.GetMessage() == QStringLiteral("TGN: Please set Frequency!") ||
                Fails("unexpected Exciter_Settings message");
     }
     return Fails("incomplete settings passed Check()");
 }
 
-// The lint and the input limits, as a host reaches them.
-bool LintAndLimitsWork() {
+// Items made in the host travel through a document; the lint and the input
+// limits, as a host reaches them.
+bool ListsLintAndLimitsWork() {
+    KELMORA::WDE wde;
+    wde.GetExciterList().append(KELMORA::WDE_Exciter(0));
+    wde.GetRasterdetectorList().append(KELMORA::WDE_Rasterdetector(0));
+    wde.GetSimulationList().append(KELMORA::WDE_Simulation(0));
+    wde.GetSinglechanneldetectorList().append(KELMORA::WDE_Singlechanneldetector(0));
+    KELMORA::WDE copy;
+    copy.SetXmlString(wde.GetXmlString());
+    if (copy.GetXmlString() != wde.GetXmlString())
+        return Fails("WDE lists lost on a round trip");
     const QVector<KELMORA::LintFinding> findings = KELMORA::SettingsLint::LintXmlString(
         QStringLiteral("<WDE_Exciter Version=\"0.1\"><Level>-3.1234567</Level></WDE_Exciter>"));
     if (findings.size() != 1 || findings[0].path != QStringLiteral("Level"))
@@ -108,8 +99,7 @@ bool VersionsAgree() {
 } // namespace
 
 int main() {
-    if (!IncompleteCheckThrows() || !WholeTreeRoundTrips() || !LintAndLimitsWork() ||
-        !VersionsAgree())
+    if (!IncompleteCheckThrows() || !ListsLintAndLimitsWork() || !VersionsAgree())
         return 1;
     std::printf("consumer ok (ExciterSettings %s, Qt %s)\n", KELMORA::ExciterSettingsVersion(),
                 qVersion());

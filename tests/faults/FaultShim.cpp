@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Loaded with LD_PRELOAD, makes one system call fail with EIO, as a failing
 // disk would, for files below one directory only:
-//   EXCITERSETTINGS_FAIL      write, fsync, fdatasync, fchmod, close or rename
+//   EXCITERSETTINGS_FAIL      write, fsync, fchmod, close or rename
 //   EXCITERSETTINGS_FAIL_DIR  the directory (a path prefix)
 // Everything else goes to the real call.
 #include <cerrno>
@@ -66,10 +66,6 @@ ssize_t write(int fd, const void* data, size_t size) {
 
 int fsync(int fd) {
     return Failing("fsync", fd) ? -1 : REAL(fsync)(fd);
-}
-
-int fdatasync(int fd) {
-    return Failing("fdatasync", fd) ? -1 : REAL(fdatasync)(fd);
 }
 
 int fchmod(int fd, mode_t mode) {
